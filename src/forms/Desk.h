@@ -1,0 +1,60 @@
+#pragma once
+
+#include "platform/Installation.h"
+#include "platform/PictureReader.h"
+#include "runtime/Ports.h"
+#include "runtime/ZB.h"
+
+#include <QString>
+
+class QWidget;
+class ZBInterpreter;
+
+/// The code editor as the other windows see it.
+class CodeEditorForm : public CodeEditorPort
+{
+public:
+    /// Loads a program text by its product path ("games\00000001\code.txt") and shows the window. False where it
+    /// cannot be read; the window is then hidden.
+    virtual bool LoadFile(const QString& productPath) = 0;
+    /// Writes the text to its file. False where that failed (the user has been told).
+    virtual bool saveFile() = 0;
+    /// The whole text, lines separated by CR LF.
+    virtual std::string text() const = 0;
+    virtual bool isModified() const = 0;
+    /// Closes the window for good (sets AllowClose first) and deletes it later.
+    virtual void closeForGood() = 0;
+    virtual QWidget* widget() = 0;
+};
+
+/// What a window asks of the program around it: the shared state and the other windows. The program implements it;
+/// tests hand in a pretended one.
+class Desk
+{
+public:
+    virtual ~Desk() = default;
+
+    virtual ZB& module() = 0;
+    virtual const Installation& installation() = 0;
+    virtual PictureReader& pictures() = 0;
+    /// Shows a progress message in the progress window, repainted at once.
+    virtual void LogProgress(const QString& message) = 0;
+
+    /// Opens a fresh library window (ZorbinoMain).
+    virtual void showLibrary() = 0;
+    /// Opens the game editor for CurrentGame.
+    virtual void showGameEditor() = 0;
+    virtual void showMapEditor() = 0;
+    virtual void showSpriteEditor(const QString& graphicName) = 0; ///< empty: a new graphic of CurrentGame
+    virtual void showProperties() = 0;
+    virtual void showResources() = 0;
+    /// Closes properties, resources and sprite editor of the current game. False where the user wants to stay
+    /// (unsaved sprites).
+    virtual bool closeGameWindows() = 0;
+    /// A new, hidden code editor, owned by the caller until closeForGood().
+    virtual CodeEditorForm* createCodeEditor() = 0;
+    /// The title of CurrentGame has changed: captions follow.
+    virtual void gameTitleChanged() = 0;
+    /// Ends the program at once.
+    virtual void exitProgram() = 0;
+};

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/Installation.h"
+#include "runtime/ZB.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+// The folders of the installation: games\ with one folder per game, zbo\ with the templates.
+
+/// Makes the folder "games\" + the first free eight-digit number and copies the templates of zbo\ into it. Returns its
+/// name without a backslash, or nothing where that failed; `missing` then says what was missing or could not be
+/// written, and no half-made folder is left.
+std::optional<std::string> CreateGameFolder(const Installation& installation, std::string& missing);
+
+/// The games of the library in the order of the file system. Entries that are no game folder (a plain file, a folder
+/// without prop.zbo) are skipped; a missing line of prop.zbo is an empty text.
+std::vector<GameRecord> ListGames(const Installation& installation);
+
+/// The author and title of one game folder ("00000001\"), empty where prop.zbo is missing.
+GameRecord readGameRecord(const Installation& installation, std::string_view folder);
+
+/// Writes author and title of `game` to its prop.zbo. False where that failed.
+[[nodiscard]] bool SaveGameProperties(const Installation& installation, const GameRecord& game);
+
+/// Product path of the first file of a game folder that matches "icon.*", or nothing.
+std::optional<std::string> findGameIcon(const Installation& installation, const GameRecord& game);

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "platform/Surface.h"
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// One cell of a map: seven colour flags, index 0 red to 6 purple.
+class MapSquare
+{
+public:
+    bool Same(const MapSquare& other) const { return m_flags == other.m_flags; }
+    bool getField(int index) const { return ((m_flags >> index) & 1) != 0; }
+    void setField(int index, bool value);
+    /// The packed value of map files, bit i for colour i.
+    std::int32_t ToLong() const { return m_flags; }
+    /// Takes bits 0 to 6; higher bits are ignored.
+    void setFromLong(std::int32_t packed) { m_flags = static_cast<std::uint8_t>(packed & 0x7f); }
+
+    bool operator==(const MapSquare&) const = default;
+
+private:
+    std::uint8_t m_flags = 0;
+};
+
+/// A grid of coloured squares over the playfield (x and y from -100 to 100, y upwards; row 0 is the top row).
+/// The map file: lines of name, background, columns, rows, 21 legend texts, then the packed squares row by row.
+class ZBMap
+{
+public:
+    static constexpr int legendCount = 21;
+
+    int columns = 0;
+    int rows = 0;
+    std::string name;
+
+    /// A blank map; legend and background stay.
+    void Create(int columnCount, int rowCount);
+    /// The square under a world point, or nothing where the point lies off the map. Points beyond the left and top
+    /// edge by less than one square still count as on it.
+    std::optional<MapSquare> GetSquare(std::int32_t x, std::int32_t y) const;
+    /// The square at `index` = columns * row + column.
+    MapSquare square(int index) const;
+    /// Sets flag `colour` of entry `index`. Entries that are not on the map are ignored.
+    void set_offset(int index, int colour, bool value);
+    /// Clears all seven flags of entry `index`; `value` is not used.
+    void set_offset_all(int index, bool value);
+    void set_legend(int index, std::string_view text);
+    std::string_view get_legend(int index) const;
+    void set_background(std::string_view picture) { m_background = picture; }
+    const std::string& get_background() const { return m_background; }
+
+    /// The map as the text of its file, lines ended by CR LF, UTF-8.
+    std::string toText() const;
+    /// Reads a map from the text of its file. False on any fault; the map is then left as far as it was read.
+    bool fromText(std::string_view text);
+
+    /// All colours as stripes (`layer` -1) or one colour as filled squares (0 to 6), over the whole of `picture`.
+    void Draw(Surface& picture, int layer) const;
+
+private:
+    std::string m_background;
+    std::array<std::string, legendCount> m_legend;
+    std::vector<MapSquare> m_squares; ///< may be shorter than columns * rows: what is missing is blank
+};
