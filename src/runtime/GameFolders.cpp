@@ -1,0 +1,170 @@
+#include "runtime/GameFolders.h"
+
+#include "platform/NumberText.h"
+#include "platform/TextFile.h"
+
+#include <algorithm>
+#include <array>
+#include <unordered_set>
+
+namespace
+{
+
+constexpr std::string_view gamesFolder = "games\\";
+constexpr std::string_view templateFolder = "zbo\\";
+constexpr std::array<std::string_view, 3> templates = {"code.txt", "icon.bmp", "prop.zbo"};
+
+std::string joined(std::string_view folder, std::string_view name)
+{
+    std::string path(folder);
+    path += name;
+    return path;
+}
+
+std::string gameFile(std::string_view folder, std::string_view name)
+{
+    return joined(joined(gamesFolder, folder), name);
+}
+
+/// The eight-digit name with the lowest number that nothing in games\ has yet.
+std::string firstFreeName(const Installation& installation)
+{
+    const auto entries = installation.list("games");
+    const std::unordered_set<std::string> taken(entries.begin(), entries.end());
+    for (std::int32_t number = 1;; ++number) {
+        std::string name;
+        appendPadded(name, number, 8);
+        if (!taken.contains(name))
+            return name;
+    }
+}
+
+/// Undoes a folder of which only a part could be made.
+void removeHalfMade(const Installation& installation, const std::string& folder)
+{
+    bool gone = true;
+    for (const auto name : templates) {
+        const std::string path = joined(folder + '\\', name);
+        if (installation.isFile(path))
+            gone = installation.remove(path) && gone;
+    }
+    if (gone)
+        static_cast<void>(installation.remove(folder)); // nothing more can be done where this fails
+}
+
+std::string withoutLineBreaks(std::string_view text)
+{
+    std::string line(text);
+    std::erase_if(line, [](char c) { return c == '\r' || c == '\n'; });
+    return line;
+}
+
+std::string_view extensionOf(std::string_view fileName)
+{
+    const auto dot = fileName.rfind('.');
+    return dot == std::string_view::npos ? std::string_view() : fileName.substr(dot);
+}
+
+} // namespace
+
+std::optional<std::string> CreateGameFolder(const Installation& installation, std::string& missing)
+{
+    for (const auto name : templates) {
+        missing = joined(templateFolder, name);
+        if (!installation.isFile(missing))
+            return std::nullopt;
+    }
+    missing = "games";
+    if (!installation.isFolder(missing) && !installation.makeFolder(missing))
+        return std::nullopt;
+
+    const std::string name = firstFreeName(installation);
+    const std::string folder = joined(gamesFolder, name);
+    missing = folder;
+    if (!installation.makeFolder(folder))
+        return std::nullopt;
+    for (const auto file : templates) {
+        missing = joined(folder + '\\', file);
+        if (!installation.copy(joined(templateFolder, file), missing)) {
+            removeHalfMade(installation, folder);
+            return std::nullopt;
+        }
+    }
+    missing.clear();
+    return name;
+}
+
+std::vector<GameRecord> ListGames(const Installation& installation)
+{
+    std::vector<GameRecord> games;
+    for (const auto& entry : installation.list("games")) {
+        const std::string folder = entry + '\\';
+        if (installation.isFile(gameFile(folder, "prop.zbo")))
+            games.push_back(readGameRecord(installation, folder));
+    }
+    return games;
+}
+
+GameRecord readGameRecord(const Installation& installation, std::string_view folder)
+{
+    GameRecord game;
+    game.folder = folder;
+    const auto text = installation.readText(gameFile(folder, "prop.zbo"));
+    if (!text)
+        return game;
+    const auto lines = splitLines(*text);
+    if (!lines.empty())
+        game.author = lines[0];
+    if (lines.size() > 1)
+        game.title = lines[1];
+    return game;
+}
+
+bool SaveGameProperties(const Installation& installation, const GameRecord& game)
+{
+    std::string text = withoutLineBreaks(game.author);
+    text += NewLine;
+    text += withoutLineBreaks(game.title);
+    text += NewLine;
+    return installation.write(gameFile(game.folder, "prop.zbo"), text);
+}
+
+std::optional<std::string> findGameIcon(const Installation& installation, const GameRecord& game)
+{
+    const auto icons = installation.listFiles(gameFile(game.folder, {}), "icon.*");
+    if (icons.empty())
+        return std::nullopt;
+    return gameFile(game.folder, icons.front());
+}
+
+bool ChooseGameIcon(const Installation& installation, const GameRecord& game, std::string_view iconName)
+{
+    const auto picture = installation.readBytes(joined("zbo\\icons\\", iconName));
+    if (!picture)
+        return false;
+    const std::string folder = gameFile(game.folder, {});
+    const std::string name = joined("icon", extensionOf(iconName));
+
+    // The new icon is written before the others go, so that a full disk leaves the old one. Only an old one
+    // whose name differs in nothing but its case must go first, since the new file would take over its name.
+    const auto old = installation.listFiles(folder, "icon.*");
+    const auto twin = std::ranges::find_if(
+        old, [&](const std::string& file) { return file != name && lowerCase(file) == lowerCase(name); });
+    std::optional<std::string> twinPicture;
+    if (twin != old.end()) {
+        twinPicture = installation.readBytes(joined(folder, *twin));
+        if (!installation.remove(joined(folder, *twin)))
+            return false;
+    }
+    if (!installation.write(joined(folder, name), *picture)) {
+        if (twinPicture)
+            static_cast<void>(installation.write(joined(folder, *twin), *twinPicture));
+        return false;
+    }
+    bool alone = true;
+    for (const auto& file : old) {
+        if (lowerCase(file) != lowerCase(name))
+            alone = installation.remove(joined(folder, file)) && alone;
+    }
+    return alone;
+}
