@@ -1,0 +1,275 @@
+#include "platform/TextFile.h"
+
+#include <array>
+#include <cerrno>
+#include <clocale>
+#include <cwctype>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace
+{
+
+/// Length of the well-formed UTF-8 sequence at `at`, or 0.
+std::size_t sequenceLength(std::string_view bytes, std::size_t at)
+{
+    const auto byte = [&](std::size_t i) -> unsigned {
+        return at + i < bytes.size() ? static_cast<unsigned char>(bytes[at + i]) : 0U;
+    };
+    const auto follows = [&](std::size_t i) { return (byte(i) & 0xc0U) == 0x80U; };
+    const unsigned lead = byte(0);
+    if (lead < 0x80)
+        return 1;
+    if (lead >= 0xc2 && lead <= 0xdf)
+        return follows(1) ? 2 : 0;
+    if (lead >= 0xe0 && lead <= 0xef) {
+        if (!follows(1) || !follows(2) || (lead == 0xe0 && byte(1) < 0xa0) || (lead == 0xed && byte(1) > 0x9f))
+            return 0;
+        return 3;
+    }
+    if (lead >= 0xf0 && lead <= 0xf4) {
+        if (!follows(1) || !follows(2) || !follows(3) || (lead == 0xf0 && byte(1) < 0x90) ||
+            (lead == 0xf4 && byte(1) > 0x8f))
+            return 0;
+        return 4;
+    }
+    return 0;
+}
+
+char32_t decodeSequence(std::string_view bytes, std::size_t at, std::size_t length)
+{
+    const auto byte = [&](std::size_t i) { return static_cast<char32_t>(static_cast<unsigned char>(bytes[at + i])); };
+    switch (length) {
+    case 2:
+        return ((byte(0) & 0x1fU) << 6U) | (byte(1) & 0x3fU);
+    case 3:
+        return ((byte(0) & 0x0fU) << 12U) | ((byte(1) & 0x3fU) << 6U) | (byte(2) & 0x3fU);
+    case 4:
+        return ((byte(0) & 0x07U) << 18U) | ((byte(1) & 0x3fU) << 12U) | ((byte(2) & 0x3fU) << 6U) | (byte(3) & 0x3fU);
+    default:
+        return byte(0);
+    }
+}
+
+void appendUtf8(std::string& out, char32_t code)
+{
+    const auto put = [&](char32_t value) { out += static_cast<char>(static_cast<unsigned char>(value)); };
+    if (code < 0x80) {
+        put(code);
+    } else if (code < 0x800) {
+        put(0xc0U | (code >> 6U));
+        put(0x80U | (code & 0x3fU));
+    } else if (code < 0x10000) {
+        put(0xe0U | (code >> 12U));
+        put(0x80U | ((code >> 6U) & 0x3fU));
+        put(0x80U | (code & 0x3fU));
+    } else {
+        put(0xf0U | (code >> 18U));
+        put(0x80U | ((code >> 12U) & 0x3fU));
+        put(0x80U | ((code >> 6U) & 0x3fU));
+        put(0x80U | (code & 0x3fU));
+    }
+}
+
+// Windows-1252, 0x80 to 0x9f; the five bytes without a character stand for the control codes of the same number.
+constexpr std::array<char32_t, 32> windows1252 = {
+    0x20ac, 0x81,   0x201a, 0x0192, 0x201e, 0x2026, 0x2020, 0x2021, 0x02c6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x8d,   0x017d, 0x8f,   0x90,   0x2018, 0x2019, 0x201c, 0x201d, 0x2022,
+    0x2013, 0x2014, 0x02dc, 0x2122, 0x0161, 0x203a, 0x0153, 0x9d,   0x017e, 0x0178};
+
+/// Case tables of Unicode that do not depend on how the machine is set up.
+locale_t unicodeLocale()
+{
+    static const locale_t locale = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+    return locale;
+}
+
+bool isAscii(std::string_view text)
+{
+    for (const char c : text)
+        if (static_cast<unsigned char>(c) >= 0x80)
+            return false;
+    return true;
+}
+
+template <typename Convert> std::string convertCase(std::string_view utf8, Convert convert)
+{
+    std::string out;
+    out.reserve(utf8.size());
+    for (std::size_t at = 0; at < utf8.size();) {
+        const std::size_t length = sequenceLength(utf8, at);
+        if (length == 0) {
+            out += utf8[at++];
+            continue;
+        }
+        appendUtf8(out, convert(decodeSequence(utf8, at, length)));
+        at += length;
+    }
+    return out;
+}
+
+char32_t toLower(char32_t code)
+{
+    if (code < 0x80)
+        return code >= 'A' && code <= 'Z' ? code + ('a' - 'A') : code;
+    const locale_t locale = unicodeLocale();
+    return locale ? static_cast<char32_t>(towlower_l(static_cast<wint_t>(code), locale)) : code;
+}
+
+char32_t toUpper(char32_t code)
+{
+    if (code < 0x80)
+        return code >= 'a' && code <= 'z' ? code - ('a' - 'A') : code;
+    const locale_t locale = unicodeLocale();
+    return locale ? static_cast<char32_t>(towupper_l(static_cast<wint_t>(code), locale)) : code;
+}
+
+/// A file descriptor that closes itself.
+class Descriptor
+{
+public:
+    explicit Descriptor(int handle) : m_handle(handle) {}
+    ~Descriptor()
+    {
+        if (m_handle >= 0)
+            ::close(m_handle);
+    }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+
+    bool isOpen() const { return m_handle >= 0; }
+    int get() const { return m_handle; }
+    bool close()
+    {
+        const int handle = m_handle;
+        m_handle = -1;
+        return ::close(handle) == 0;
+    }
+
+private:
+    int m_handle;
+};
+
+bool writeAll(int handle, std::string_view bytes)
+{
+    while (!bytes.empty()) {
+        const ssize_t written = ::write(handle, bytes.data(), bytes.size());
+        if (written < 0 && errno == EINTR)
+            continue;
+        if (written <= 0)
+            return false;
+        bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return true;
+}
+
+} // namespace
+
+bool isValidUtf8(std::string_view bytes)
+{
+    for (std::size_t at = 0; at < bytes.size();) {
+        const std::size_t length = sequenceLength(bytes, at);
+        if (length == 0)
+            return false;
+        at += length;
+    }
+    return true;
+}
+
+std::string decodeText(std::string_view bytes)
+{
+    if (isValidUtf8(bytes)) {
+        constexpr std::string_view byteOrderMark = "\xef\xbb\xbf";
+        if (bytes.starts_with(byteOrderMark))
+            bytes.remove_prefix(byteOrderMark.size());
+        return std::string(bytes);
+    }
+    std::string out;
+    out.reserve(bytes.size() + bytes.size() / 8);
+    for (const char c : bytes) {
+        const auto byte = static_cast<unsigned char>(c);
+        appendUtf8(out, byte >= 0x80 && byte < 0xa0 ? windows1252.at(byte - 0x80U) : byte);
+    }
+    return out;
+}
+
+std::vector<std::string_view> splitLines(std::string_view text)
+{
+    std::vector<std::string_view> lines;
+    std::size_t start = 0;
+    while (start < text.size()) {
+        const std::size_t end = text.find_first_of("\r\n", start);
+        if (end == std::string_view::npos) {
+            lines.push_back(text.substr(start));
+            break;
+        }
+        lines.push_back(text.substr(start, end - start));
+        start = end + (text.substr(end, 2) == "\r\n" ? 2 : 1);
+    }
+    return lines;
+}
+
+std::string lowerCase(std::string_view utf8) { return convertCase(utf8, toLower); }
+
+std::string upperCase(std::string_view utf8) { return convertCase(utf8, toUpper); }
+
+void makeLowerCase(std::string& text)
+{
+    if (!isAscii(text)) {
+        text = lowerCase(text);
+        return;
+    }
+    for (char& c : text)
+        c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+std::optional<std::string> readFileBytes(const std::filesystem::path& file, std::uintmax_t limit)
+{
+    // Not blocking, so that a pipe that somebody left in a game folder cannot hold the program up.
+    const Descriptor descriptor(::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    struct stat status {};
+    if (!descriptor.isOpen() || ::fstat(descriptor.get(), &status) != 0 || !S_ISREG(status.st_mode) ||
+        static_cast<std::uintmax_t>(status.st_size) > limit)
+        return std::nullopt;
+    std::string bytes(static_cast<std::size_t>(status.st_size), '\0');
+    std::size_t filled = 0;
+    while (filled < bytes.size()) {
+        const ssize_t count = ::read(descriptor.get(), bytes.data() + filled, bytes.size() - filled);
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0)
+            return std::nullopt;
+        if (count == 0)
+            break; // it has become shorter meanwhile
+        filled += static_cast<std::size_t>(count);
+    }
+    bytes.resize(filled);
+    return bytes;
+}
+
+bool writeFileWhole(const std::filesystem::path& file, std::string_view bytes)
+{
+    // A file that may not be written is not replaced behind its owner's back.
+    if (::access(file.c_str(), F_OK) == 0 && ::access(file.c_str(), W_OK) != 0)
+        return false;
+    std::string temporary = file.string() + ".XXXXXX";
+    Descriptor descriptor(::mkostemp(temporary.data(), O_CLOEXEC));
+    if (!descriptor.isOpen())
+        return false;
+    struct stat old {};
+    const bool replaces = ::stat(file.c_str(), &old) == 0;
+    const mode_t mask = ::umask(0);
+    ::umask(mask);
+    const mode_t mode = replaces ? old.st_mode & 07777U : 0666U & ~mask;
+    if (!writeAll(descriptor.get(), bytes) || ::fchmod(descriptor.get(), mode) != 0 ||
+        ::fsync(descriptor.get()) != 0 || !descriptor.close() || ::rename(temporary.c_str(), file.c_str()) != 0) {
+        ::unlink(temporary.c_str());
+        return false;
+    }
+    // The new name must reach the disk too; where a folder cannot be synced, the file itself is safe all the same.
+    const Descriptor folder(::open(file.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (folder.isOpen())
+        ::fsync(folder.get());
+    return true;
+}
