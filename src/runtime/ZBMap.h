@@ -28,7 +28,8 @@ private:
 };
 
 /// A grid of coloured squares over the playfield (x and y from -100 to 100, y upwards; row 0 is the top row).
-/// The map file: lines of name, background, columns, rows, 21 legend texts, then the packed squares row by row.
+/// The map file: lines of name, background, columns, rows, 21 legend texts, then the packed squares row by
+/// row.
 class ZBMap
 {
 public:
@@ -40,11 +41,32 @@ public:
 
     /// A blank map; legend and background stay.
     void Create(int columnCount, int rowCount);
-    /// The square under a world point, or nothing where the point lies off the map. Points beyond the left and top
-    /// edge by less than one square still count as on it.
-    std::optional<MapSquare> GetSquare(std::int32_t x, std::int32_t y) const;
-    /// The square at `index` = columns * row + column.
-    MapSquare square(int index) const;
+    /// The square under a world point, or nothing where the point lies off the map. Points beyond the left
+    /// and top edge by less than one square still count as on it. Runs for every sprite after every move,
+    /// hence inline.
+    std::optional<MapSquare> GetSquare(std::int32_t x, std::int32_t y) const
+    {
+        // Truncated towards zero, as the quotient of 32-bit numbers; a product that would not fit is off the
+        // map.
+        const std::int64_t rowProduct = (std::int64_t{100} - y) * rows;
+        const std::int64_t columnProduct = (std::int64_t{x} + 100) * columns;
+        if (!fits32(rowProduct) || !fits32(columnProduct))
+            return std::nullopt;
+        const std::int32_t row = static_cast<std::int32_t>(rowProduct) / 200;
+        const std::int32_t column = static_cast<std::int32_t>(columnProduct) / 200;
+        if (column < 0 || column >= columns || row < 0 || row >= rows)
+            return std::nullopt;
+        return at(static_cast<std::uint64_t>(columns) * static_cast<std::uint64_t>(row) +
+                  static_cast<std::uint64_t>(column));
+    }
+    /// The square at `index` = columns * row + column; a blank one where the index is not on the map.
+    MapSquare square(int index) const
+    {
+        return index < 0 ? MapSquare() : at(static_cast<std::uint64_t>(index));
+    }
+    /// Whether the map has squares at all, and no more of them than a map file can hold. A map whose file
+    /// could not be read to its end may be left without.
+    bool hasGrid() const;
     /// Sets flag `colour` of entry `index`. Entries that are not on the map are ignored.
     void set_offset(int index, int colour, bool value);
     /// Clears all seven flags of entry `index`; `value` is not used.
@@ -57,12 +79,21 @@ public:
     /// The map as the text of its file, lines ended by CR LF, UTF-8.
     std::string toText() const;
     /// Reads a map from the text of its file. False on any fault; the map is then left as far as it was read.
+    /// Squares are stored only as far as the text gives them, whatever size it claims.
     bool fromText(std::string_view text);
 
-    /// All colours as stripes (`layer` -1) or one colour as filled squares (0 to 6), over the whole of `picture`.
+    /// All colours as stripes (`layer` -1) or one colour as filled squares (0 to 6), over the whole of
+    /// `picture`.
     void Draw(Surface& picture, int layer) const;
 
 private:
+    static bool fits32(std::int64_t value) { return value == static_cast<std::int32_t>(value); }
+    MapSquare at(std::uint64_t index) const
+    {
+        return index < m_squares.size() ? m_squares[static_cast<std::size_t>(index)] : MapSquare();
+    }
+    MapSquare* entry(int index);
+
     std::string m_background;
     std::array<std::string, legendCount> m_legend;
     std::vector<MapSquare> m_squares; ///< may be shorter than columns * rows: what is missing is blank
