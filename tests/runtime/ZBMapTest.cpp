@@ -111,8 +111,8 @@ TEST(ZBMap, SavesWhatItLoadsAgain)
     map.set_legend(0, "hot lava");
     map.set_legend(20, "two\r\nlines"); // must not shift the lines behind it
     const std::string text = map.toText();
-    EXPECT_EQ(text.substr(0, 63),
-              "gone after loading\r\n00000001\\sky.bmp\r\n 4\r\n 3\r\nhot lava\r\n\r\n\r\n\r\n");
+    EXPECT_TRUE(
+        text.starts_with("gone after loading\r\n00000001\\sky.bmp\r\n 4\r\n 3\r\nhot lava\r\n\r\n\r\n\r\n"));
     EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 4 + 21 + 12);
 
     ZBMap loaded;
