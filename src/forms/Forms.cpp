@@ -1,0 +1,131 @@
+#include "forms/Forms.h"
+
+#include "platform/qt/SurfaceImage.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QFile>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QPixmap>
+
+namespace
+{
+
+void loadIcons()
+{
+#ifdef ZB_UI_ICONS
+    Q_INIT_RESOURCE(ui);
+#endif
+}
+
+/// A picture is missing: a soft tile with the first letter still tells the buttons apart.
+QIcon letterIcon(QChar letter)
+{
+    QIcon icon;
+    for (const int size : {24, 48}) {
+        QPixmap tile(size, size);
+        tile.fill(Qt::transparent);
+        QPainter painter(&tile);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(QColor(0x5b, 0x8d, 0xd6));
+        painter.drawRoundedRect(QRectF(1, 1, size - 2, size - 2), size / 5.0, size / 5.0);
+        QFont font = painter.font();
+        font.setPixelSize(size * 3 / 5);
+        font.setBold(true);
+        painter.setFont(font);
+        painter.setPen(Qt::white);
+        painter.drawText(tile.rect(), Qt::AlignCenter, letter.toUpper());
+        painter.end();
+        icon.addPixmap(tile);
+    }
+    return icon;
+}
+
+QString withoutMnemonic(QString caption)
+{
+    return caption.remove(u'&');
+}
+
+} // namespace
+
+namespace forms
+{
+
+QString fromUtf8(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+std::string toUtf8(const QString& text)
+{
+    return text.toStdString();
+}
+
+QIcon icon(const char* name)
+{
+    loadIcons();
+    const QString file = QStringLiteral(":/ui/%1.svg").arg(QLatin1String(name));
+    if (QFile::exists(file))
+        return QIcon(file);
+    return letterIcon(QLatin1Char(*name == '\0' ? '?' : *name));
+}
+
+void dressButton(QAbstractButton& button, const char* objectName, const char* iconName, const QString& tip)
+{
+    button.setObjectName(QLatin1String(objectName));
+    button.setIcon(icon(iconName));
+    button.setToolTip(tip);
+    const QString caption = withoutMnemonic(button.text());
+    button.setAccessibleName(caption.isEmpty() ? tip : caption);
+}
+
+QFont fixedFont(int points)
+{
+    QFont font;
+    font.setFamilies({QStringLiteral("Courier New"), QStringLiteral("Liberation Mono"),
+                      QStringLiteral("Cousine"), QStringLiteral("DejaVu Sans Mono")});
+    font.setStyleHint(QFont::TypeWriter);
+    font.setFixedPitch(true);
+    font.setPointSize(points);
+    return font;
+}
+
+QImage viewOf(const Surface& surface)
+{
+    return viewOfSurface(surface);
+}
+
+Surface toSurface(const QImage& image)
+{
+    return surfaceOfImage(image);
+}
+
+PictureArea::PictureArea(const char* objectName, QWidget* parent)
+    : QWidget(parent)
+{
+    setObjectName(QLatin1String(objectName));
+    setAccessibleName(QLatin1String(objectName));
+}
+
+void PictureArea::showSurface(const Surface* surface)
+{
+    m_surface = surface;
+    // A picture as large as the area is painted alone: nothing has to be cleared behind it.
+    setAttribute(Qt::WA_OpaquePaintEvent,
+                 surface != nullptr && surface->width() >= width() && surface->height() >= height());
+    update();
+}
+
+void PictureArea::paintEvent(QPaintEvent* event)
+{
+    if (m_surface == nullptr || m_surface->isNull())
+        return;
+    QPainter painter(this);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    const QRect part = event->rect().intersected(QRect(0, 0, m_surface->width(), m_surface->height()));
+    painter.drawImage(part, viewOfSurface(*m_surface), part);
+}
+
+} // namespace forms

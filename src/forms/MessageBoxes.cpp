@@ -1,0 +1,143 @@
+#include "forms/Forms.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QInputDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPointer>
+#include <QPushButton>
+
+// The boxes live on the heap behind a QPointer: while one waits, the window below it may go away and take it
+// along.
+namespace
+{
+
+constexpr int longestMessage = 4000;
+
+QString productTitle()
+{
+    return QStringLiteral("Zorbino");
+}
+
+/// Messages may quote anything a program holds; a box must still fit on the screen.
+QString shownText(QString text)
+{
+    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    if (text.size() > longestMessage)
+        text = text.left(longestMessage) + QStringLiteral("...");
+    return text;
+}
+
+void caption(QAbstractButton* button, const QString& text, const char* iconName)
+{
+    button->setText(text);
+    button->setIcon(forms::icon(iconName));
+    button->setAccessibleName(QString(text).remove(u'&'));
+}
+
+QMessageBox* makeBox(QWidget* parent, const QString& title, const QString& text,
+                     QMessageBox::StandardButtons buttons)
+{
+    auto* box = new QMessageBox(parent != nullptr ? parent->window() : nullptr);
+    box->setObjectName(QStringLiteral("MessageBox"));
+    box->setWindowTitle(title);
+    box->setTextFormat(Qt::PlainText);
+    box->setText(shownText(text));
+    box->setStandardButtons(buttons);
+    box->setWindowModality(Qt::ApplicationModal);
+    struct Caption {
+        QMessageBox::StandardButton button;
+        QString text;
+        const char* icon;
+    };
+    for (const Caption& entry : {Caption{QMessageBox::Ok, QStringLiteral("&OK"), "ok"},
+                                 Caption{QMessageBox::Yes, QStringLiteral("&Yes"), "ok"},
+                                 Caption{QMessageBox::No, QStringLiteral("&No"), "remove"},
+                                 Caption{QMessageBox::Cancel, QStringLiteral("&Cancel"), "cancel"}}) {
+        if (QAbstractButton* button = box->button(entry.button))
+            caption(button, entry.text, entry.icon);
+    }
+    if (buttons.testFlag(QMessageBox::Cancel))
+        box->setEscapeButton(QMessageBox::Cancel);
+    return box;
+}
+
+/// Shows the box and returns the button pressed; Cancel where the box was taken away unanswered.
+int answerOf(QMessageBox* box)
+{
+    const QPointer<QMessageBox> guard(box);
+    const int answer = box->exec();
+    if (guard.isNull())
+        return QMessageBox::Cancel;
+    box->deleteLater();
+    return answer;
+}
+
+void setPicture(QMessageBox* box, const char* iconName)
+{
+    box->setIconPixmap(forms::icon(iconName).pixmap(QSize(48, 48), box->devicePixelRatioF()));
+}
+
+} // namespace
+
+namespace forms
+{
+
+void tell(QWidget* parent, const QString& text)
+{
+    QMessageBox* box = makeBox(parent, productTitle(), text, QMessageBox::Ok);
+    setPicture(box, "info");
+    answerOf(box);
+}
+
+Answer askYesNoCancel(QWidget* parent, const QString& title, const QString& text)
+{
+    QMessageBox* box = makeBox(parent, title, text, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+    box->setDefaultButton(QMessageBox::Yes);
+    setPicture(box, "question");
+    switch (answerOf(box)) {
+    case QMessageBox::Yes:
+        return Answer::Yes;
+    case QMessageBox::No:
+        return Answer::No;
+    default:
+        return Answer::Cancel;
+    }
+}
+
+bool askOk(QWidget* parent, const QString& title, const QString& text)
+{
+    QMessageBox* box = makeBox(parent, title, text, QMessageBox::Ok | QMessageBox::Cancel);
+    box->setDefaultButton(QMessageBox::Ok);
+    setPicture(box, "question");
+    return answerOf(box) == QMessageBox::Ok;
+}
+
+std::optional<QString> askText(QWidget* parent, const QString& title, const QString& prompt,
+                               const QString& start)
+{
+    const QPointer<QInputDialog> box(new QInputDialog(parent != nullptr ? parent->window() : nullptr));
+    box->setObjectName(QStringLiteral("InputBox"));
+    box->setWindowTitle(title);
+    box->setLabelText(prompt);
+    box->setTextValue(start);
+    box->setWindowModality(Qt::ApplicationModal);
+    if (auto* buttons = box->findChild<QDialogButtonBox*>()) {
+        caption(buttons->button(QDialogButtonBox::Ok), QStringLiteral("&OK"), "ok");
+        caption(buttons->button(QDialogButtonBox::Cancel), QStringLiteral("&Cancel"), "cancel");
+    }
+    if (auto* line = box->findChild<QLineEdit*>())
+        line->setAccessibleName(prompt);
+    const bool accepted = box->exec() == QDialog::Accepted;
+    if (box.isNull())
+        return std::nullopt;
+    QString answer = box->textValue();
+    box->deleteLater();
+    if (!accepted || answer.isEmpty())
+        return std::nullopt;
+    return answer;
+}
+
+} // namespace forms

@@ -1,0 +1,149 @@
+#include "forms/Forms.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QPalette>
+#include <QStyle>
+#include <QStyleFactory>
+
+#include <algorithm>
+
+namespace
+{
+
+constexpr qreal smallestFont = 11;
+
+struct Shade {
+    QPalette::ColorRole role;
+    QRgb light;
+    QRgb dark;
+};
+
+// clang-format off
+constexpr Shade shades[] = {
+    {QPalette::Window,          0xfff3f5fa, 0xff262a33},
+    {QPalette::WindowText,      0xff20242e, 0xffe9ecf2},
+    {QPalette::Base,            0xffffffff, 0xff1b1e25},
+    {QPalette::AlternateBase,   0xfff0f3f9, 0xff22262f},
+    {QPalette::Text,            0xff20242e, 0xffe9ecf2},
+    {QPalette::PlaceholderText, 0xff737b8c, 0xff939bab},
+    {QPalette::Button,          0xffffffff, 0xff363c48},
+    {QPalette::ButtonText,      0xff20242e, 0xffe9ecf2},
+    {QPalette::BrightText,      0xffffffff, 0xffffffff},
+    {QPalette::Light,           0xffffffff, 0xff4a5160},
+    {QPalette::Midlight,        0xffe9edf5, 0xff3d4350},
+    {QPalette::Mid,             0xffb9c1d0, 0xff4d5463},
+    {QPalette::Dark,            0xff98a1b3, 0xff171a20},
+    {QPalette::Shadow,          0xff6b7385, 0xff0e1014},
+    {QPalette::Highlight,       0xff2f6fd6, 0xff3d7be0},
+    {QPalette::HighlightedText, 0xffffffff, 0xffffffff},
+    {QPalette::Link,            0xff1f5fc4, 0xff82b1ff},
+    {QPalette::LinkVisited,     0xff7442b8, 0xffc3a2f2},
+    {QPalette::ToolTipBase,     0xfffff7d6, 0xff3d4350},
+    {QPalette::ToolTipText,     0xff20242e, 0xffe9ecf2},
+};
+// clang-format on
+
+QPalette ourPalette(bool dark)
+{
+    QPalette palette;
+    for (const Shade& shade : shades)
+        palette.setColor(shade.role, QColor(dark ? shade.dark : shade.light));
+    const QColor faint = dark ? QColor(0x7c, 0x84, 0x94) : QColor(0x9a, 0xa2, 0xb1);
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, faint);
+    palette.setColor(QPalette::Disabled, QPalette::Highlight,
+                     dark ? QColor(0x4d, 0x54, 0x63) : QColor(0xb9, 0xc1, 0xd0));
+    return palette;
+}
+
+/// Soft, rounded buttons with a focus that can be seen; everything else is left to the style below. The
+/// border has the same width with and without focus, so that nothing moves.
+QString ourStyleSheet(bool dark)
+{
+    QString sheet = QStringLiteral(R"(
+QPushButton, QToolButton {
+    border: 2px solid @border; border-radius: 9px; padding: 5px 10px;
+    background: qlineargradient(x1:0, y1:0, x2:0, y2:1, stop:0 @top, stop:1 @bottom);
+}
+QPushButton { min-width: 4em; }
+QPushButton:hover, QToolButton:hover { border-color: @hover; background: @lit; }
+QPushButton:pressed, QToolButton:pressed, QPushButton:checked, QToolButton:checked {
+    border-color: @accent; background: @down;
+}
+QPushButton:focus, QToolButton:focus { border-color: @accent; }
+QPushButton:disabled, QToolButton:disabled { border-color: @faint; background: transparent; }
+QToolBar QToolButton { padding: 3px; border-radius: 7px; }
+QToolBar QToolButton:!hover:!pressed:!checked:!focus { border-color: transparent; background: transparent; }
+QToolBar { spacing: 2px; padding: 3px; border: none; }
+QToolTip { border: 1px solid @border; padding: 4px; color: @tiptext; background: @tip; }
+)");
+    struct Colour {
+        const char* name;
+        const char* light;
+        const char* dark;
+    };
+    static constexpr Colour colours[] = {
+        {"@border", "#c3cbdb", "#505868"},  {"@top", "#ffffff", "#414856"},
+        {"@bottom", "#eef2fa", "#363c48"},  {"@hover", "#8fb2ea", "#6f94cf"},
+        {"@lit", "#eaf2ff", "#454e60"},     {"@down", "#d5e4fb", "#2d4a75"},
+        {"@accent", "#2f6fd6", "#6ea5ff"},  {"@faint", "#dfe4ed", "#3a404c"},
+        {"@tiptext", "#20242e", "#e9ecf2"}, {"@tip", "#fff7d6", "#3d4350"},
+    };
+    // The longer name first: "@tip" is the beginning of "@tiptext".
+    for (const Colour& colour : colours)
+        sheet.replace(QLatin1String(colour.name), QLatin1String(dark ? colour.dark : colour.light));
+    return sheet;
+}
+
+/// Puts our colours on, and puts them on again when the desktop changes between light and dark.
+class Wardrobe : public QObject
+{
+public:
+    using QObject::QObject;
+
+    void dress()
+    {
+        m_dressing = true;
+        QApplication::setPalette(QPalette()); // lets the desktop's own colours show
+        const bool dark = QApplication::palette().color(QPalette::Window).lightness() < 128;
+        QApplication::setPalette(ourPalette(dark));
+        if (!m_dressed || dark != m_dark)
+            qApp->setStyleSheet(ourStyleSheet(dark));
+        m_dark = dark;
+        m_dressed = true;
+        m_dressing = false;
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::ThemeChange && !m_dressing)
+            dress();
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    bool m_dressing = false;
+    bool m_dressed = false;
+    bool m_dark = false;
+};
+
+} // namespace
+
+namespace forms
+{
+
+void dressApplication()
+{
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QFont font = QApplication::font();
+    if (font.pointSizeF() > 0)
+        font.setPointSizeF(std::max(font.pointSizeF(), smallestFont));
+    QApplication::setFont(font);
+    QApplication::setWindowIcon(icon("zorbino"));
+    auto* wardrobe = new Wardrobe(qApp);
+    wardrobe->dress();
+    qApp->installEventFilter(wardrobe);
+}
+
+} // namespace forms
