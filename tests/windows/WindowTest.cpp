@@ -1,0 +1,14 @@
+#include "forms/Forms.h"
+
+#include <QApplication>
+
+#include <gtest/gtest.h>
+
+int main(int argc, char** argv)
+{
+    testing::InitGoogleTest(&argc, argv);
+    QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    forms::dressApplication();
+    return RUN_ALL_TESTS();
+}
