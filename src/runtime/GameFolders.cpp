@@ -26,6 +26,14 @@ std::string gameFile(std::string_view folder, std::string_view name)
     return joined(joined(gamesFolder, folder), name);
 }
 
+/// The product path of a game's folder itself, without the backslash at its end.
+std::string gameFolder(std::string_view folder)
+{
+    if (folder.ends_with('\\'))
+        folder.remove_suffix(1);
+    return joined(gamesFolder, folder);
+}
+
 /// The eight-digit name with the lowest number that nothing in games\ has yet.
 std::string firstFreeName(const Installation& installation)
 {
@@ -98,9 +106,11 @@ std::vector<GameRecord> ListGames(const Installation& installation)
 {
     std::vector<GameRecord> games;
     for (const auto& entry : installation.list("games")) {
-        const std::string folder = entry + '\\';
-        if (installation.isFile(gameFile(folder, "prop.zbo")))
-            games.push_back(readGameRecord(installation, folder));
+        GameRecord game = readGameRecord(installation, entry + '\\');
+        // What could be read is there; the file system is only asked again about the rest.
+        const bool read = !game.author.empty() || !game.title.empty();
+        if (read || installation.isFile(gameFile(game.folder, "prop.zbo")))
+            games.push_back(std::move(game));
     }
     return games;
 }
@@ -131,7 +141,7 @@ bool SaveGameProperties(const Installation& installation, const GameRecord& game
 
 std::optional<std::string> findGameIcon(const Installation& installation, const GameRecord& game)
 {
-    const auto icons = installation.listFiles(gameFile(game.folder, {}), "icon.*");
+    const auto icons = installation.listFiles(gameFolder(game.folder), "icon.*");
     if (icons.empty())
         return std::nullopt;
     return gameFile(game.folder, icons.front());
@@ -142,12 +152,12 @@ bool ChooseGameIcon(const Installation& installation, const GameRecord& game, st
     const auto picture = installation.readBytes(joined("zbo\\icons\\", iconName));
     if (!picture)
         return false;
-    const std::string folder = gameFile(game.folder, {});
+    const std::string folder = joined(gamesFolder, game.folder);
     const std::string name = joined("icon", extensionOf(iconName));
 
     // The new icon is written before the others go, so that a full disk leaves the old one. Only an old one
     // whose name differs in nothing but its case must go first, since the new file would take over its name.
-    const auto old = installation.listFiles(folder, "icon.*");
+    const auto old = installation.listFiles(gameFolder(game.folder), "icon.*");
     const auto twin = std::ranges::find_if(
         old, [&](const std::string& file) { return file != name && lowerCase(file) == lowerCase(name); });
     std::optional<std::string> twinPicture;
