@@ -1,7 +1,7 @@
 # One place for the flags that every target of ours shares.
 add_library(zb_flags INTERFACE)
 target_compile_options(zb_flags INTERFACE
-    -Wall -Wextra -Wpedantic -Werror -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-qual
+    -Wall -Wextra -Wpedantic -Werror $<IF:$<CXX_COMPILER_ID:GNU>,-Wshadow=local,-Wshadow> -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-qual
     # The same sums on every machine: no fused multiply-add behind our back.
     -ffp-contract=off)
 target_compile_definitions(zb_flags INTERFACE

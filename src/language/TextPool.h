@@ -1,0 +1,27 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <unordered_set>
+
+/// A text of a program. Every text is kept once, so that two are equal exactly when their addresses are.
+using Text = const std::string*;
+
+/// Keeps every text of one program and of the runs of it. Addresses stay valid as long as the pool lives.
+class TextPool
+{
+public:
+    Text intern(std::string_view text)
+    {
+        const auto found = m_texts.find(text);
+        return found != m_texts.end() ? &*found : &*m_texts.emplace(text).first;
+    }
+
+private:
+    struct Hash {
+        using is_transparent = void;
+        std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>()(text); }
+    };
+    std::unordered_set<std::string, Hash, std::equal_to<>> m_texts;
+};

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "language/ZBLStatement.h"
+
+#include <array>
+
+/// "create CLASS TAG SPRITE-GRAPHIC DIRECTION SPEED X Y Z".
+class ZBLCreateExp final : public ZBLStatement
+{
+public:
+    enum Operand : std::uint8_t { Class, Tag, Graphic, Direction, Speed, X, Y, Z };
+
+    ZBLCreateExp() : ZBLStatement(Type::Create) {}
+    bool Parse(const ZBLReader& reader, int line) override;
+    std::string toString() const override;
+
+    const ZBLSimpleExp& operand(Operand which) const { return m_operands[which]; }
+
+private:
+    std::array<ZBLSimpleExp, 8> m_operands;
+};

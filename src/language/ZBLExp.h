@@ -1,0 +1,41 @@
+#pragma once
+
+#include "language/ZBLStatement.h"
+
+#include <memory>
+#include <vector>
+
+/// A statement sequence: all that stands in one innermost block of a program. Statements are kept flat, in the order
+/// in which they are written; behind an if stand the statements of its blocks. So deep nesting costs no stack.
+class ZBLExp
+{
+public:
+    /// One step through the sequence.
+    struct Item {
+        enum class Role : std::uint8_t { Statement, Else, EndIf };
+        Role role;
+        /// Statement: the statement. Else, EndIf: the if that it belongs to.
+        const ZBLStatement* statement;
+    };
+
+    /// Reads the lines from `from` to `to`, both included, behind the statements that are there already. False on the
+    /// first fault, which has then been reported.
+    bool Parse(const ZBLReader& reader, int from, int to);
+    bool isempty() const { return m_items.empty(); }
+    /// Statements of the block itself, an if with all in it counting as one.
+    int statementCount() const { return m_statementCount; }
+    int firstLine() const { return m_firstLine; }
+    const std::vector<Item>& items() const { return m_items; }
+
+    /// Adds a developer's listing to `listing`: a line for each statement, two blanks for each level.
+    void Display(std::string& listing, int indent) const;
+
+private:
+    std::vector<std::unique_ptr<ZBLStatement>> m_statements;
+    std::vector<Item> m_items;
+    int m_statementCount = 0;
+    int m_firstLine = 0;
+};
+
+/// Adds one line of a listing.
+void displayLine(std::string& listing, int indent, std::string_view text);

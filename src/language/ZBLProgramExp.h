@@ -1,0 +1,88 @@
+#pragma once
+
+#include "language/ZBLExp.h"
+
+#include <array>
+#include <deque>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+/// The events that a class can have blocks for.
+enum class EventName : std::uint8_t { Normal, Collision, MapChange, Create, Destroy };
+inline constexpr std::size_t eventNameCount = 5;
+
+/// "normal", "collision", "mapchange", "create" or "destroy".
+std::string_view toString(EventName event);
+
+/// One sprite class: a sequence for each event, empty where its block is missing.
+class ZBLClassExp
+{
+public:
+    /// Reads the class whose block opens on line `line`, which moves behind it.
+    bool Parse(const ZBLReader& reader, int& line);
+    const ZBLExp& getEventExp(EventName event) const { return m_events[static_cast<std::size_t>(event)]; }
+    /// The first word of the opening line.
+    const std::string& className() const { return m_className; }
+    void Display(std::string& listing, int indent) const;
+
+private:
+    std::string m_className;
+    std::array<ZBLExp, eventNameCount> m_events;
+    std::array<bool, eventNameCount> m_present{};
+};
+
+/// One state of the game: what runs when it is entered, and what runs in each frame.
+class ZBLStateExp
+{
+public:
+    enum class Part : std::uint8_t { Initialize, Loop };
+
+    bool Parse(const ZBLReader& reader, int& line);
+    const ZBLExp& getSubStateExp(Part part) const { return m_parts[static_cast<std::size_t>(part)]; }
+    const std::string& stateName() const { return m_stateName; }
+    void Display(std::string& listing, int indent) const;
+
+private:
+    std::string m_stateName;
+    std::array<ZBLExp, 2> m_parts;
+    std::array<bool, 2> m_present{};
+};
+
+/// A whole program. Owns everything that its nodes point to but the lines.
+class ZBLProgramExp
+{
+public:
+    ZBLProgramExp() = default;
+    ZBLProgramExp(const ZBLProgramExp&) = delete;
+    ZBLProgramExp& operator=(const ZBLProgramExp&) = delete;
+
+    /// Reads the program that begins at or behind line `line`. False on the first fault, which has been reported.
+    bool Parse(const LineArray& lines, ParseReporter& reporter, int line = 1);
+    /// A developer's listing of the whole tree, lines ended by CR LF.
+    std::string Display() const;
+
+    // Classes and states are found by their registered name, the opening line without its "{"; the first one counts.
+    std::optional<int> findClass(std::string_view name) const { return find(m_classOf, name); }
+    std::optional<int> findState(std::string_view name) const { return find(m_stateOf, name); }
+    bool knownClass(std::string_view name) const;
+    const std::deque<ZBLClassExp>& classes() const { return m_classes; }
+    const std::deque<ZBLStateExp>& states() const { return m_states; }
+
+    TextPool& pool() const { return m_pool; }
+    const VariableTable& variables() const { return m_variables; }
+
+private:
+    using Index = std::unordered_map<std::string, int>;
+    static std::optional<int> find(const Index& index, std::string_view name);
+    bool parseClasses(const ZBLReader& reader, int& line);
+    bool parseStates(const ZBLReader& reader, int& line);
+
+    mutable TextPool m_pool; // a run may name new texts, which changes no text that is there
+    VariableTable m_variables;
+    std::deque<ZBLClassExp> m_classes;
+    std::deque<ZBLStateExp> m_states;
+    Index m_classOf;
+    Index m_stateOf;
+};

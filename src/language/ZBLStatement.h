@@ -1,0 +1,36 @@
+#pragma once
+
+#include "language/ZBLReader.h"
+#include "language/ZBLSimpleExp.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+/// One statement of a program. After Parse it never changes; what changes in a run lives in the context.
+class ZBLStatement
+{
+public:
+    enum class Type : std::uint8_t { If, Mutate, SetState, Pause, Action, Create };
+
+    virtual ~ZBLStatement() = default;
+    ZBLStatement(const ZBLStatement&) = delete;
+    ZBLStatement& operator=(const ZBLStatement&) = delete;
+
+    /// Reads the statement on line `line`. False where it is no such statement; that has then been reported. An if
+    /// reads only its own line: its blocks are read by the sequence that holds it.
+    virtual bool Parse(const ZBLReader& reader, int line) = 0;
+    /// The statement as a line of the listing.
+    virtual std::string toString() const = 0;
+
+    Type type() const { return m_type; }
+    int line() const { return m_line; }
+
+protected:
+    explicit ZBLStatement(Type type) : m_type(type) {}
+
+    int m_line = 0;
+
+private:
+    Type m_type;
+};

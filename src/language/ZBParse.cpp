@@ -1,0 +1,64 @@
+#include "language/ZBParse.h"
+
+namespace
+{
+
+constexpr std::string_view separators = "{}\t\n\r ";
+
+std::string_view firstWord(std::string_view line, std::size_t position)
+{
+    std::string_view word = nextWord(line, position);
+    if (word.ends_with('{'))
+        word.remove_suffix(1);
+    return word;
+}
+
+} // namespace
+
+BlockEnd findBlockEnd(const LineArray& lines, int start)
+{
+    BlockEnd end;
+    const std::string_view opener = lines[start];
+    end.header = firstWord(opener, opener.starts_with('}') ? 1 : 0);
+    if (!lines.opensBlock(start)) {
+        end.line = BlockEnd::noBlock;
+        return end;
+    }
+    end.line = lines.closingLine(start);
+    if (end.line != BlockEnd::none)
+        end.footer = firstWord(lines[end.line], 1);
+    return end;
+}
+
+int findNextBlock(const LineArray& lines, int from)
+{
+    for (int line = from < 1 ? 1 : from; line <= lines.upperBound(); ++line)
+        if (lines.opensBlock(line))
+            return line;
+    return -1;
+}
+
+bool startsWith(std::string_view text, std::string_view prefix) { return text.starts_with(prefix); }
+
+std::string_view nextWord(std::string_view text, std::size_t& position)
+{
+    const std::size_t first = text.find_first_not_of(separators, position);
+    if (first == std::string_view::npos) {
+        position = text.size();
+        return {};
+    }
+    position = std::min(text.find_first_of(separators, first), text.size());
+    return text.substr(first, position - first);
+}
+
+bool showParseError(ParseReporter& reporter, std::string_view message, const LineArray& lines, int line, int endLine)
+{
+    std::string report(message);
+    report += "\r\n\r\n   ";
+    report += lines[line];
+    report += "\r\n\r\n";
+    report += endLine < 1 ? "(line " + std::to_string(line) + ")"
+                          : "(lines " + std::to_string(line) + "..." + std::to_string(endLine) + ")";
+    reporter.parseError(report, line);
+    return false;
+}
