@@ -16,7 +16,8 @@ A manifest is a JSON object:
        {"sprite": "fish",  "size": [48, 48], "kind": "Rotating", "rotate": 16, "frames": ["fish.svg"]},
        {"picture": "sky.bmp",  "size": [480, 480], "svg": "sky()"},        .bmp, .gif or .jpg
        {"icon": "icon.bmp", "svg": "icon.svg"},                            80 x 80
-       {"png": "zorbino.png",  "size": [128, 128], "svg": "logo.svg"}]}
+       {"png": "zorbino.png",  "size": [128, 128], "svg": "logo.svg"},
+       {"file": "maze.map", "from": "maze_map(1)"}]}                       text or bytes, as they are
 
 A drawing is the name of an SVG file beside the manifest, or a call such as "coin(0)" or "coin" of a
 function in the module that returns SVG text. An output may have a "target" of its own.
@@ -249,6 +250,9 @@ class Manifest:
         """Yields file name and bytes of one output."""
         if "sprite" in output:
             yield from self.sprite_files(output)
+        elif "file" in output:
+            data = self.drawing(output["from"])
+            yield output["file"], data.encode() if isinstance(data, str) else bytes(data)
         elif "png" in output:
             yield output["png"], rasterize(self.drawing(output["svg"]), *output["size"])
         else:
