@@ -1,0 +1,8 @@
+#include <QGuiApplication>
+
+/// Ends well where a window could be opened; the toolkit ends the program itself where not.
+int main(int argc, char** argv)
+{
+    const QGuiApplication application(argc, argv);
+    return 0;
+}

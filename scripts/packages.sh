@@ -1,0 +1,45 @@
+# shellcheck shell=bash
+# The Debian packages (Debian 12) that the other scripts need, and how to get them. To be sourced.
+
+# To build the program.
+packages_build=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev)
+# To start it: the platform plugins, the renderer of the icons, Liberation for Courier New and MS Sans Serif.
+packages_run=(libqt6svg6 qt6-qpa-plugins fonts-liberation)
+# To build and run the tests. lua and benchmark are for bench/ alone and are not here.
+packages_test=(libgtest-dev)
+# What .ci/run adds to that: the formatter, the fuzzers, the validators, the package builder.
+packages_ci=(clang-format clang libclang-rt-14-dev desktop-file-utils appstream dpkg-dev file man-db groff-base cmark-gfm)
+
+have_package()
+{
+    [ "$(dpkg-query --show --showformat='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
+}
+
+# need_packages NAME...: installs those that are missing, as root or through sudo.
+need_packages()
+{
+    local missing=() package as_root=()
+    command -v dpkg-query >/dev/null || {
+        echo "This is no Debian system; I go on and hope that these are here in some form: $*" >&2
+        return 0
+    }
+    for package; do
+        have_package "$package" || missing+=("$package")
+    done
+    [ ${#missing[@]} -eq 0 ] && return 0
+    if [ "$(id -u)" -ne 0 ]; then
+        command -v sudo >/dev/null || {
+            echo "These packages are missing: ${missing[*]}. Please install them as root, or install sudo." >&2
+            return 1
+        }
+        as_root=(sudo)
+    fi
+    echo "Installing: ${missing[*]}"
+    local quiet=(-qq -o Dpkg::Use-Pty=0)
+    "${as_root[@]}" apt-get "${quiet[@]}" update &&
+        "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+            apt-get "${quiet[@]}" install -y --no-install-recommends "${missing[@]}" >/dev/null || {
+        echo "The packages could not be installed: ${missing[*]}" >&2
+        return 1
+    }
+}
