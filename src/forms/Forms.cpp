@@ -107,25 +107,28 @@ PictureArea::PictureArea(const char* objectName, QWidget* parent)
 {
     setObjectName(QLatin1String(objectName));
     setAccessibleName(QLatin1String(objectName));
+    setAttribute(Qt::WA_OpaquePaintEvent); // paintEvent covers every pixel, nothing has to be cleared before
 }
 
 void PictureArea::showSurface(const Surface* surface)
 {
     m_surface = surface;
-    // A picture as large as the area is painted alone: nothing has to be cleared behind it.
-    setAttribute(Qt::WA_OpaquePaintEvent,
-                 surface != nullptr && surface->width() >= width() && surface->height() >= height());
     update();
 }
 
 void PictureArea::paintEvent(QPaintEvent* event)
 {
-    if (m_surface == nullptr || m_surface->isNull())
-        return;
+    const QRect picture =
+        m_surface == nullptr ? QRect() : QRect(0, 0, m_surface->width(), m_surface->height());
     QPainter painter(this);
     painter.setCompositionMode(QPainter::CompositionMode_Source);
-    const QRect part = event->rect().intersected(QRect(0, 0, m_surface->width(), m_surface->height()));
-    painter.drawImage(part, viewOfSurface(*m_surface), part);
+    const QRect part = event->rect().intersected(picture);
+    if (!part.isEmpty())
+        painter.drawImage(part, viewOfSurface(*m_surface), part);
+    if (part == event->rect())
+        return;
+    for (const QRect& bare : QRegion(event->rect()).subtracted(part))
+        painter.fillRect(bare, palette().window());
 }
 
 } // namespace forms
