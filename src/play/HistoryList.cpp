@@ -1,0 +1,64 @@
+#include "play/HistoryList.h"
+
+#include "forms/Forms.h"
+
+#include <QScopedValueRollback>
+#include <QScrollBar>
+
+#include <algorithm>
+
+HistoryList::HistoryList(QWidget* parent)
+    : QListView(parent)
+    , m_model(new HistoryModel(this))
+{
+    setModel(m_model);
+    setUniformItemSizes(true);
+    setEditTriggers(NoEditTriggers);
+    setVerticalScrollMode(ScrollPerItem);
+    connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &HistoryList::scrolled);
+}
+
+void HistoryList::refresh()
+{
+    if (!m_model->hasNews())
+        return;
+    const QScopedValueRollback moving(m_moving, true);
+    const int dropped = m_model->rowsToDrop();
+    // A selected line that goes takes its selection along; left to itself, the selection would walk on and
+    // the list would scroll after it.
+    if (currentIndex().isValid() && currentIndex().row() < dropped) {
+        clearSelection();
+        setCurrentIndex(QModelIndex());
+    }
+    const int first = verticalScrollBar()->value();
+    m_model->publish();
+    if (m_followsEnd) {
+        scrollToBottom();
+    } else {
+        executeDelayedItemsLayout();
+        verticalScrollBar()->setValue(std::max(first - dropped, 0));
+    }
+}
+
+void HistoryList::selectLastLine()
+{
+    refresh();
+    const QScopedValueRollback moving(m_moving, true);
+    m_followsEnd = true;
+    setCurrentIndex(m_model->index(m_model->rowCount() - 1));
+    scrollToBottom();
+}
+
+void HistoryList::resizeEvent(QResizeEvent* event)
+{
+    const QScopedValueRollback moving(m_moving, true);
+    QListView::resizeEvent(event);
+    if (m_followsEnd)
+        scrollToBottom();
+}
+
+void HistoryList::scrolled(int value)
+{
+    if (!m_moving)
+        m_followsEnd = value >= verticalScrollBar()->maximum();
+}
