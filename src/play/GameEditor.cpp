@@ -1,0 +1,371 @@
+#include "play/GameEditor.h"
+
+#include "forms/Forms.h"
+#include "runtime/ZBContext.h"
+#include "runtime/ZBInterpreter.h"
+
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QScopedValueRollback>
+#include <QScreen>
+#include <QSlider>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <array>
+
+namespace
+{
+
+constexpr int gap = 8;
+constexpr int margin = 12;
+constexpr int fastest = 1800;
+constexpr int haltRetry = 200;
+constexpr int closeRetry = 20;
+
+} // namespace
+
+struct GameEditor::ButtonRow {
+    QToolButton* GameEditor::*button;
+    const char* name;
+    const char* icon;
+    const char16_t* caption;
+    const char16_t* tip;
+    Handler clicked;
+};
+
+GameEditor::GameEditor(Desk& desk)
+    : m_desk(desk)
+    , m_framesPerMinute(new QSlider(Qt::Horizontal))
+    , m_showMap(new QCheckBox(QStringLiteral("Show &Map")))
+    , m_haltMeAgain(new QTimer(this))
+{
+    setObjectName(QStringLiteral("GameEditor"));
+    setWindowTitle(QStringLiteral("Game Editor"));
+    setAttribute(Qt::WA_DeleteOnClose);
+    buildControls();
+
+    m_haltMeAgain->setObjectName(QStringLiteral("HaltMeAgain"));
+    m_haltMeAgain->setInterval(haltRetry);
+    m_haltMeAgain->callOnTimeout(this, &GameEditor::HaltMeAgain_Timer);
+    m_closeAgain.setSingleShot(true);
+    m_closeAgain.setInterval(closeRetry);
+    m_closeAgain.callOnTimeout(this, &GameEditor::stopThenClose);
+
+    Form_Load();
+    setButtons(RunButtons::Stopped);
+}
+
+GameEditor::~GameEditor() = default;
+
+void GameEditor::Form_Load()
+{
+    m_desk.LogProgress(QStringLiteral("GameEditor.Form_Load: begin"));
+    showTitle();
+    m_desk.LogProgress(QStringLiteral("GameEditor.Form_Load: loading code editor"));
+    m_codeEditor = m_desk.createCodeEditor();
+    ZB& module = m_desk.module();
+    m_spy = std::make_unique<SpyWindow>(*m_codeEditor);
+    m_parseError = std::make_unique<ParseError>(module, *m_codeEditor);
+    m_interpreter = std::make_unique<ZBInterpreter>(
+        module, m_desk.installation(), m_desk.pictures(),
+        Ports{m_gameWindow, *this, *m_codeEditor, *m_spy, *m_parseError, m_user});
+    m_gameWindow.attach(*m_interpreter);
+    connect(&m_gameWindow, &GameWindow::aboutToShow, this, [this] { placeBeside(m_gameWindow, false); });
+    connect(m_spy.get(), &SpyWindow::traceBoxesChanged, this,
+            [this] { m_interpreter->setTraceBoxes(m_spy->traceBoxes()); });
+    m_desk.LogProgress(QStringLiteral("GameEditor.Form_Load: loading source code"));
+    // A text that cannot be read leaves the code editor empty and hidden.
+    m_codeEditor->LoadFile(
+        QStringLiteral("games\\%1code.txt").arg(forms::fromUtf8(module.CurrentGame.folder)));
+    m_desk.LogProgress(QStringLiteral("GameEditor.Form_Load: done"));
+}
+
+void GameEditor::showTitle()
+{
+    setWindowTitle(forms::fromUtf8(m_desk.module().CurrentGame.title));
+}
+
+// ---- Controls
+
+void GameEditor::buildControls()
+{
+    // clang-format off
+    static constexpr std::array<ButtonRow, 8> buttons = {{
+        {&GameEditor::m_play, "PlayButton", "play", u"&Play", u"", &GameEditor::PlayButton_Click},
+        {&GameEditor::m_pause, "PauseButton", "pause", u"Pa&use", u"Pause Currently Running Game", &GameEditor::PauseButton_Click},
+        {&GameEditor::m_step, "StepButton", "step", u"S&tep", u"Step", &GameEditor::StepButton_Click},
+        {&GameEditor::m_stop, "StopButton", "stop", u"St&op", u"Stop Currently Running Game", &GameEditor::StopButton_Click},
+        {&GameEditor::m_codeWindow, "CodeWindowButton", "code", u"&Code", u"Show the Code Editor", &GameEditor::CodeWindowButton_Click},
+        {&GameEditor::m_propWindow, "PropWindowButton", "properties", u"Prop&erties", u"Show the Properties Window", &GameEditor::PropWindowButton_Click},
+        {&GameEditor::m_resWindow, "ResWindowButton", "resources", u"&Resources", u"Show the Resources Window", &GameEditor::ResWindowButton_Click},
+        {&GameEditor::m_spyWindow, "SpyWindowButton", "spy", u"Sp&y", u"Show the Spy Window", &GameEditor::SpyWindowButton_Click},
+    }};
+    // clang-format on
+    constexpr int runIcon = 40;
+    constexpr int windowIcon = 32;
+
+    m_showMap->setObjectName(QStringLiteral("OptionShowMap"));
+    connect(m_showMap, &QCheckBox::toggled, this, &GameEditor::OptionShowMap_Click);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(margin, margin, margin, margin);
+    layout->setSpacing(margin);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+    layout->addLayout(makeButtons(buttons.data(), buttons.data() + 4, runIcon));
+    layout->addLayout(makeSpeed());
+    layout->addWidget(m_showMap);
+    layout->addLayout(makeButtons(buttons.data() + 4, buttons.data() + buttons.size(), windowIcon));
+}
+
+QLayout* GameEditor::makeButtons(const ButtonRow* first, const ButtonRow* last, int iconSize)
+{
+    auto* line = new QHBoxLayout;
+    line->setSpacing(gap);
+    int width = 0;
+    for (const ButtonRow* row = first; row != last; ++row) {
+        auto* button = new QToolButton;
+        button->setText(QString::fromUtf16(row->caption));
+        forms::dressButton(*button, row->name, row->icon, QString::fromUtf16(row->tip));
+        button->setIconSize(QSize(iconSize, iconSize));
+        button->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+        button->setFocusPolicy(Qt::StrongFocus);
+        button->setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Preferred);
+        connect(button, &QToolButton::clicked, this, row->clicked);
+        this->*row->button = button;
+        line->addWidget(button);
+        width = std::max(width, button->sizeHint().width());
+    }
+    for (const ButtonRow* row = first; row != last; ++row)
+        (this->*row->button)->setMinimumWidth(width);
+    return line;
+}
+
+QLayout* GameEditor::makeSpeed()
+{
+    m_framesPerMinute->setObjectName(QStringLiteral("FramesPerMinute"));
+    m_framesPerMinute->setAccessibleName(QStringLiteral("Speed"));
+    m_framesPerMinute->setRange(0, fastest);
+    m_framesPerMinute->setPageStep(10);
+    m_framesPerMinute->setSingleStep(1);
+    m_framesPerMinute->setValue(fastest);
+    connect(m_framesPerMinute, &QSlider::valueChanged, this, &GameEditor::FramesPerMinute_Change);
+
+    auto picture = [this](const char* icon, const QString& name) {
+        constexpr int size = 32;
+        auto* label = new QLabel;
+        label->setPixmap(forms::icon(icon).pixmap(QSize(size, size), devicePixelRatioF()));
+        label->setAccessibleName(name);
+        return label;
+    };
+    auto* caption = new QLabel(QStringLiteral("Spee&d"));
+    caption->setBuddy(m_framesPerMinute);
+    auto* line = new QHBoxLayout;
+    line->setSpacing(gap);
+    line->addWidget(caption);
+    line->addWidget(picture("speed-turtle", QStringLiteral("Slow")));
+    line->addWidget(m_framesPerMinute, 1);
+    line->addWidget(picture("speed-rabbit", QStringLiteral("Fast")));
+    return line;
+}
+
+void GameEditor::placeBeside(QWidget& window, bool below)
+{
+    if (window.testAttribute(Qt::WA_Moved)) // the user's choice stays
+        return;
+    const QRect free = screen()->availableGeometry();
+    const QRect editor = frameGeometry();
+    window.ensurePolished();
+    window.adjustSize();
+    const QPoint wanted =
+        below ? editor.bottomLeft() + QPoint(0, margin) : editor.topRight() + QPoint(margin, 0);
+    const int right = std::max(free.left(), free.right() - window.width());
+    const int bottom = std::max(free.top(), free.bottom() - window.height());
+    window.move(std::min(wanted.x(), right), std::min(wanted.y(), bottom));
+}
+
+// ---- Run control
+
+void GameEditor::setButtons(RunButtons state)
+{
+    struct Change {
+        RunButtons state;
+        QToolButton* GameEditor::*button;
+        bool on;
+    };
+    static constexpr auto stopped = RunButtons::Stopped;
+    static constexpr auto running = RunButtons::Running;
+    static constexpr auto paused = RunButtons::Paused;
+    static constexpr auto resumed = RunButtons::Resumed;
+    // clang-format off
+    static constexpr std::array changes = {
+        Change{stopped, &GameEditor::m_play, true},        Change{running, &GameEditor::m_play, false},
+        Change{stopped, &GameEditor::m_pause, false},      Change{running, &GameEditor::m_pause, true},
+        Change{stopped, &GameEditor::m_step, false},       Change{running, &GameEditor::m_stop, true},
+        Change{stopped, &GameEditor::m_stop, false},       Change{running, &GameEditor::m_codeWindow, false},
+        Change{stopped, &GameEditor::m_codeWindow, true},  Change{running, &GameEditor::m_propWindow, false},
+        Change{stopped, &GameEditor::m_propWindow, true},  Change{running, &GameEditor::m_resWindow, false},
+        Change{stopped, &GameEditor::m_resWindow, true},
+        Change{paused, &GameEditor::m_play, true},         Change{resumed, &GameEditor::m_play, false},
+        Change{paused, &GameEditor::m_step, true},         Change{resumed, &GameEditor::m_pause, true},
+                                                           Change{resumed, &GameEditor::m_step, false},
+    };
+    // clang-format on
+    for (const Change& change : changes) {
+        if (change.state == state)
+            (this->*change.button)->setEnabled(change.on);
+    }
+    m_play->setToolTip(state == paused ? QStringLiteral("Resume normal running") : QString());
+}
+
+void GameEditor::setEnabled(bool on)
+{
+    QWidget::setEnabled(on);
+}
+
+void GameEditor::startHaltMeAgain()
+{
+    m_haltMeAgain->start();
+}
+
+int GameEditor::framesPerMinute() const
+{
+    return m_framesPerMinute->value();
+}
+
+void GameEditor::PlayButton_Click()
+{
+    if (m_interpreter->context().InterpreterRunning()) {
+        m_interpreter->ResumeGame();
+        return;
+    }
+    // Starting lets window events in: a second click must not start a second run, nor one in the middle of a
+    // frame that has not come to its end.
+    if (m_starting || m_interpreter->inFrame() || m_closing == Closing::Stopping)
+        return;
+    const QScopedValueRollback starting(m_starting, true);
+    m_interpreter->RunGame(m_codeEditor->text(), 1);
+}
+
+void GameEditor::PauseButton_Click()
+{
+    m_interpreter->PauseGame();
+}
+
+void GameEditor::StepButton_Click()
+{
+    m_interpreter->StepOnce();
+}
+
+void GameEditor::StopButton_Click()
+{
+    m_interpreter->StopGame();
+}
+
+void GameEditor::HaltMeAgain_Timer()
+{
+    m_haltMeAgain->stop();
+    m_interpreter->StopGame();
+}
+
+void GameEditor::FramesPerMinute_Change()
+{
+    if (m_interpreter->context().InterpreterRunning())
+        m_interpreter->framesPerMinuteChanged();
+}
+
+void GameEditor::OptionShowMap_Click()
+{
+    m_interpreter->context().setShowMap(m_showMap->isChecked());
+}
+
+// ---- The other windows
+
+void GameEditor::CodeWindowButton_Click()
+{
+    m_codeEditor->show();
+}
+
+void GameEditor::PropWindowButton_Click()
+{
+    m_desk.showProperties();
+}
+
+void GameEditor::ResWindowButton_Click()
+{
+    m_desk.showResources();
+}
+
+void GameEditor::SpyWindowButton_Click()
+{
+    placeBeside(*m_spy, true);
+    m_spy->showNormal();
+    m_spy->raise();
+    m_spy->activateWindow();
+}
+
+// ---- Closing
+
+void GameEditor::closeEvent(QCloseEvent* event)
+{
+    if (m_closing == Closing::Done)
+        return;
+    event->ignore(); // not before the run has come to its end
+    if (m_closing != Closing::No)
+        return;
+    m_closing = Closing::Asking;
+    if (mayClose()) {
+        m_closing = Closing::Stopping;
+        stopThenClose();
+    } else {
+        m_closing = Closing::No;
+    }
+}
+
+bool GameEditor::mayClose()
+{
+    if (m_codeEditor->isModified()) {
+        switch (forms::askYesNoCancel(this, QStringLiteral("Exit Editor"),
+                                      QStringLiteral("The program text has not been saved.  Save it now?"))) {
+        case forms::Answer::Yes:
+            if (!m_codeEditor->saveFile()) // the user has been told; closing now would lose the text
+                return false;
+            break;
+        case forms::Answer::No:
+            break;
+        case forms::Answer::Cancel:
+            return false;
+        }
+    }
+    return m_desk.closeGameWindows();
+}
+
+bool GameEditor::isBusy() const
+{
+    return m_starting || m_interpreter->inFrame();
+}
+
+void GameEditor::stopThenClose()
+{
+    if (m_closing != Closing::Stopping)
+        return;
+    // A waiting statement is released; the frame then needs its time to come to its end, and a message box
+    // its answer.
+    if (m_interpreter->stepMode() || (!isBusy() && m_interpreter->context().InterpreterRunning()))
+        m_interpreter->StopGame();
+    if (isBusy() || m_interpreter->stepMode() || m_interpreter->context().InterpreterRunning()) {
+        m_closeAgain.start();
+        return;
+    }
+    m_closing = Closing::Done;
+    m_haltMeAgain->stop();
+    m_codeEditor->closeForGood();
+    m_parseError->close();
+    m_spy->close();
+    m_gameWindow.close();
+    m_desk.showLibrary();
+    QWidget::close();
+}
