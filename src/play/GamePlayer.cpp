@@ -1,0 +1,81 @@
+#include "play/GamePlayer.h"
+
+#include "platform/TextFile.h"
+#include "runtime/ZBInterpreter.h"
+
+#include <QTimer>
+
+/// The windows of the workbench that a player does without.
+struct GamePlayer::QuietWindows {
+    struct Editor : GameEditorPort {
+        void setButtons(RunButtons /*state*/) override {}
+        void setEnabled(bool /*on*/) override {}
+        void startHaltMeAgain() override { haltMeAgain.start(); }
+        int framesPerMinute() const override { return 1800; }
+        QTimer haltMeAgain;
+    };
+    struct Code : CodeEditorPort {
+        bool isVisible() const override { return false; }
+        void hide() override {}
+        void show() override {}
+        void SetCursorPos(int /*line*/, int /*column*/, bool /*wrap*/) override {}
+        void focusText() override {}
+    };
+    struct Spy : SpyPort {
+        void clearHistory() override {}
+        void addHistoryLine(std::string_view /*line*/) override {}
+        void selectLastLine() override {}
+        void showState(std::string_view /*state*/, std::string_view /*subState*/) override {}
+        void enableVariables() override {}
+        void setVariables(const std::vector<std::string>& /*lines*/) override {}
+    };
+    struct Parse : ParseErrorPort {
+        explicit Parse(UserPort& who)
+            : user(who)
+        {
+        }
+        void close() override {}
+        void show(std::string_view text) override { user.messageBox(text); }
+        UserPort& user;
+    };
+
+    explicit QuietWindows(UserPort& user)
+        : parseError(user)
+    {
+    }
+
+    Editor editor;
+    Code code;
+    Spy spy;
+    Parse parseError;
+};
+
+GamePlayer::GamePlayer(ZB& module, const Installation& installation, PictureReader& pictures)
+    : m_quiet(std::make_unique<QuietWindows>(m_user))
+    , m_interpreter(std::make_unique<ZBInterpreter>(
+          module, installation, pictures,
+          Ports{m_window, m_quiet->editor, m_quiet->code, m_quiet->spy, m_quiet->parseError, m_user}))
+{
+    m_window.attach(*m_interpreter);
+    // From the event loop: the run may end before play() has come back.
+    connect(&m_window, &GameWindow::closed, this, &GamePlayer::ended, Qt::QueuedConnection);
+    QTimer& haltMeAgain = m_quiet->editor.haltMeAgain;
+    haltMeAgain.setInterval(200);
+    haltMeAgain.setSingleShot(true);
+    haltMeAgain.callOnTimeout(this, [this] { m_interpreter->StopGame(); });
+}
+
+GamePlayer::~GamePlayer() = default;
+
+bool GamePlayer::play()
+{
+    const std::string file = "games\\" + m_interpreter->module().CurrentGame.folder + "code.txt";
+    const auto text = m_interpreter->installation().readText(file);
+    if (!text)
+        return false;
+    std::string program;
+    for (const std::string_view line : splitLines(*text))
+        program.append(line).append(NewLine);
+    m_interpreter->RunGame(program, 0);
+    return true;
+}
