@@ -1,0 +1,66 @@
+#include "library/GamePictures.h"
+
+#include "forms/Desk.h"
+#include "forms/Forms.h"
+#include "runtime/GameFolders.h"
+
+#include <QGuiApplication>
+#include <QPainter>
+
+namespace
+{
+
+/// Small pictures that grow by a whole factor keep their hard pixels; everything else is smoothed.
+Qt::TransformationMode modeFor(QSize from, QSize to)
+{
+    const bool whole = to.width() >= from.width() && to.width() % from.width() == 0 &&
+                       to.height() >= from.height() && to.height() % from.height() == 0;
+    return whole ? Qt::FastTransformation : Qt::SmoothTransformation;
+}
+
+} // namespace
+
+QPixmap pictureOf(Desk& desk, std::string_view productPath, QSize size, Qt::AspectRatioMode ratio)
+{
+    const auto file = desk.installation().find(productPath);
+    if (!file)
+        return {};
+    const auto surface = desk.pictures().read(*file);
+    if (!surface || surface->isNull())
+        return {};
+    const qreal scale = qGuiApp->devicePixelRatio();
+    QImage image = forms::viewOf(*surface);
+    const QSize wanted = image.size().scaled((QSizeF(size) * scale).toSize(), ratio);
+    if (image.size() != wanted)
+        image = image.scaled(wanted, Qt::IgnoreAspectRatio, modeFor(image.size(), wanted));
+    QPixmap picture = QPixmap::fromImage(image);
+    picture.setDevicePixelRatio(scale);
+    return picture;
+}
+
+QPixmap crossedBox(QSize size)
+{
+    const qreal scale = qGuiApp->devicePixelRatio();
+    QPixmap box((QSizeF(size) * scale).toSize());
+    box.setDevicePixelRatio(scale);
+    box.fill(Qt::white);
+    QPainter painter(&box);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(QColor(0xdd, 0x22, 0x22), size.width() / 8.0, Qt::SolidLine, Qt::RoundCap));
+    const QRectF cross =
+        QRectF(QPointF(), size)
+            .adjusted(size.width() / 5.0, size.height() / 5.0, -size.width() / 5.0, -size.height() / 5.0);
+    painter.drawLine(cross.topLeft(), cross.bottomRight());
+    painter.drawLine(cross.topRight(), cross.bottomLeft());
+    painter.setPen(QPen(Qt::gray, 1));
+    painter.drawRect(QRectF(QPointF(), size).adjusted(0.5, 0.5, -0.5, -0.5));
+    return box;
+}
+
+QPixmap iconOf(Desk& desk, const GameRecord& game)
+{
+    const QSize size(iconSide, iconSide);
+    const auto path = findGameIcon(desk.installation(), game);
+    const QPixmap icon = path ? pictureOf(desk, *path, size) : QPixmap();
+    return icon.isNull() ? crossedBox(size) : icon;
+}

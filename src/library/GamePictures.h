@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QPixmap>
+#include <QSize>
+
+#include <string_view>
+
+class Desk;
+struct GameRecord;
+
+// Pictures of the installation at the size in which a window shows them, sharp on every screen.
+
+inline constexpr int iconSide = 80;
+
+/// The picture file of that product path, brought to `size`; a null pixmap where it is missing or damaged.
+QPixmap pictureOf(Desk& desk, std::string_view productPath, QSize size,
+                  Qt::AspectRatioMode ratio = Qt::IgnoreAspectRatio);
+
+/// A white box with a red X.
+QPixmap crossedBox(QSize size);
+
+/// The icon of a game; the crossed box where it has none that can be read.
+QPixmap iconOf(Desk& desk, const GameRecord& game);

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <QFileSystemWatcher>
+#include <QHash>
+#include <QPixmap>
+#include <QWidget>
+
+#include <array>
+
+class Desk;
+class QBoxLayout;
+class QLabel;
+class QListWidget;
+class QPushButton;
+class QScrollBar;
+class QToolButton;
+
+/// The pictures of a game: its backgrounds with previews, and its sprite graphics, which are drawn from here.
+class Resources : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit Resources(Desk& desk, QWidget* parent = nullptr);
+
+    void ListBackgrounds();
+    void ListSprites();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void Form_Load();
+    void AddBackground_Click();
+    void Command1_Click();
+    void BackgroundScroll_Change();
+    void NewSprite_Click();
+    void EditSprite_Click();
+    void RemoveSprite_Click();
+
+    void layOut();
+    QWidget* makeBackgrounds();
+    QWidget* makePreviews();
+    QWidget* makeSprites();
+    QPushButton* listButton(const char* name, const char* iconName, const QString& caption, QBoxLayout& box,
+                            void (Resources::*click)());
+    void relist();
+    void nameSelected();
+    void showPreview(int index);
+    QPixmap previewOf(const QString& name);
+    void addPicture(const QString& file);
+    std::string gameFolder() const;
+    std::string gameFile(const QString& name) const;
+    /// Deletes files of the game; tells the user where one stays.
+    void removeFiles(const QStringList& names, const QString& shownName);
+
+    static constexpr int previews = 4;
+
+    Desk& m_desk;
+    QFileSystemWatcher m_watcher;
+    QHash<QString, QPixmap> m_pictures;
+    QListWidget* m_backgroundNames;
+    QPushButton* m_removeBackground = nullptr;
+    QScrollBar* m_backgroundScroll;
+    std::array<QToolButton*, previews> m_showBackground = {};
+    std::array<QLabel*, previews> m_showBackgroundTitle = {};
+    QListWidget* m_spriteNames;
+    QPushButton* m_editSprite = nullptr;
+    QPushButton* m_removeSprite = nullptr;
+};
