@@ -1,0 +1,157 @@
+#include "app/Workbench.h"
+
+#include "editor/CodeEditor.h"
+#include "forms/Forms.h"
+#include "library/Properties.h"
+#include "library/Resources.h"
+#include "library/Tracker.h"
+#include "library/ZorbinoMain.h"
+#include "mapeditor/MapEditor.h"
+#include "mapeditor/SpriteEditor.h"
+#include "play/GameEditor.h"
+#include "runtime/GameFolders.h"
+
+#include <QCoreApplication>
+
+namespace
+{
+
+/// Shows a window, brought back from a minimised state and above the others.
+void bringUp(QWidget& window)
+{
+    if (window.isMinimized())
+        window.showNormal();
+    else
+        window.show();
+    window.raise();
+    window.activateWindow();
+}
+
+/// Shows the one window of its kind; it is made where there is none.
+template<typename Form> void open(QPointer<Form>& form, Desk& desk)
+{
+    if (form.isNull()) {
+        form = new Form(desk);
+        form->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    bringUp(*form);
+}
+
+/// Closes a window for good; false where it stays.
+bool shut(QWidget* window)
+{
+    return window == nullptr || window->close();
+}
+
+} // namespace
+
+Workbench::Workbench(std::filesystem::path root)
+    : m_installation(std::move(root))
+{
+}
+
+Workbench::~Workbench()
+{
+    for (const auto& editor : std::as_const(m_spriteEditors))
+        delete editor.data();
+    delete m_resources.data();
+    delete m_properties.data();
+    delete m_mapEditor.data();
+    delete m_gameEditor.data();
+    delete m_library.data();
+}
+
+void Workbench::showTracker()
+{
+    m_tracker = std::make_unique<Tracker>();
+    m_tracker->show();
+}
+
+void Workbench::LogProgress(const QString& message)
+{
+    if (m_tracker)
+        m_tracker->showProgress(message);
+}
+
+void Workbench::showLibrary()
+{
+    open(m_library, *this);
+}
+
+void Workbench::showGameEditor()
+{
+    open(m_gameEditor, *this);
+}
+
+void Workbench::showMapEditor()
+{
+    open(m_mapEditor, *this);
+}
+
+void Workbench::showProperties()
+{
+    open(m_properties, *this);
+}
+
+void Workbench::showResources()
+{
+    open(m_resources, *this);
+}
+
+void Workbench::showSpriteEditor(const QString& graphicName)
+{
+    // Graphics that have no name yet are all different.
+    QPointer<QWidget> editor = graphicName.isEmpty() ? nullptr : m_spriteEditors.value(graphicName);
+    if (editor.isNull()) {
+        editor = new SpriteEditor(*this, graphicName);
+        editor->setAttribute(Qt::WA_DeleteOnClose);
+        const QString key =
+            graphicName.isEmpty() ? QStringLiteral("/%1").arg(m_spriteEditors.size()) : graphicName;
+        m_spriteEditors.insert(key, editor);
+    }
+    bringUp(*editor);
+}
+
+bool Workbench::closeGameWindows()
+{
+    for (const auto& editor : std::as_const(m_spriteEditors)) {
+        if (!shut(editor))
+            return false; // it has asked about what is not saved
+    }
+    m_spriteEditors.clear();
+    return shut(m_properties) && shut(m_resources);
+}
+
+CodeEditorForm* Workbench::createCodeEditor()
+{
+    return new CodeEditor(*this);
+}
+
+void Workbench::gameTitleChanged()
+{
+    if (m_gameEditor)
+        m_gameEditor->setWindowTitle(forms::fromUtf8(m_module.CurrentGame.title));
+}
+
+void Workbench::exitProgram()
+{
+    QCoreApplication::exit(0);
+}
+
+bool Workbench::openEachWindow()
+{
+    const auto games = ListGames(m_installation);
+    if (games.empty())
+        return false;
+    m_module.CurrentGame = games.front();
+    void (Desk::*const windows[])() = {&Desk::showLibrary, &Desk::showGameEditor, &Desk::showProperties,
+                                       &Desk::showResources, &Desk::showMapEditor};
+    for (const auto window : windows) {
+        (this->*window)();
+        QCoreApplication::processEvents();
+    }
+    showSpriteEditor(QString());
+    QCoreApplication::processEvents();
+    return m_library && m_gameEditor && m_properties && m_resources && m_mapEditor &&
+           !m_spriteEditors.empty();
+}

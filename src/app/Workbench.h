@@ -1,0 +1,60 @@
+#pragma once
+
+#include "forms/Desk.h"
+#include "platform/qt/QtPictures.h"
+
+#include <QHash>
+#include <QPointer>
+
+#include <memory>
+
+class GameEditor;
+class MapEditor;
+class Properties;
+class Resources;
+class Tracker;
+class ZorbinoMain;
+
+/// The program around the windows: it owns what they share and opens each of them. At most one of a kind is
+/// open, one sprite editor for each graphic.
+class Workbench : public Desk
+{
+public:
+    explicit Workbench(std::filesystem::path root);
+    ~Workbench() override;
+
+    Workbench(const Workbench&) = delete;
+    Workbench& operator=(const Workbench&) = delete;
+
+    /// Opens the progress window; messages that come before it are lost.
+    void showTracker();
+    /// Opens each window once, on the first game of the library; false where one does not come up.
+    bool openEachWindow();
+
+    ZB& module() override { return m_module; }
+    const Installation& installation() override { return m_installation; }
+    PictureReader& pictures() override { return m_pictures; }
+    void LogProgress(const QString& message) override;
+    void showLibrary() override;
+    void showGameEditor() override;
+    void showMapEditor() override;
+    void showSpriteEditor(const QString& graphicName) override;
+    void showProperties() override;
+    void showResources() override;
+    bool closeGameWindows() override;
+    CodeEditorForm* createCodeEditor() override;
+    void gameTitleChanged() override;
+    void exitProgram() override;
+
+private:
+    Installation m_installation;
+    QtPictures m_pictures;
+    ZB m_module;
+    std::unique_ptr<Tracker> m_tracker;
+    QPointer<ZorbinoMain> m_library;
+    QPointer<GameEditor> m_gameEditor;
+    QPointer<MapEditor> m_mapEditor;
+    QPointer<Properties> m_properties;
+    QPointer<Resources> m_resources;
+    QHash<QString, QPointer<QWidget>> m_spriteEditors;
+};

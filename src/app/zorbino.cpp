@@ -1,0 +1,74 @@
+#include "app/Workbench.h"
+
+#include "forms/Forms.h"
+#include "runtime/GameFolders.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QTimer>
+
+#include <cstdio>
+
+namespace
+{
+
+constexpr QStringView wrongFolder = u"You must run Zorbino from its own directory!  If you clicked an icon, "
+                                    u"set the working directory for the program "
+                                    u"to the same directory as the zorbino.exe file.";
+
+std::filesystem::path workingDirectory()
+{
+    std::error_code error;
+    const auto folder = std::filesystem::current_path(error);
+    return error ? std::filesystem::path("/nowhere") : folder;
+}
+
+int selfTest(Workbench& workbench)
+{
+    const bool good = workbench.openEachWindow();
+    std::fputs(good ? "Every window opens.\n"
+                    : "A window does not open, or there is no game to open it on.\n",
+               stdout);
+    return good ? 0 : 1;
+}
+
+void workOn(Workbench& workbench, const QString& folder)
+{
+    workbench.module().CurrentGame = readGameRecord(workbench.installation(), forms::toUtf8(folder + u'\\'));
+    workbench.showGameEditor();
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("zorbino"));
+    forms::dressApplication();
+
+    QCommandLineParser words;
+    QCommandLineOption selfTestWord(QStringLiteral("self-test"));
+    QCommandLineOption workWord(QStringLiteral("work"), QString(), QStringLiteral("FOLDER"));
+    for (auto* word : {&selfTestWord, &workWord}) {
+        word->setFlags(QCommandLineOption::HiddenFromHelp); // for those who build Zorbino
+        words.addOption(*word);
+    }
+    words.process(application);
+
+    Workbench workbench(workingDirectory());
+    if (!workbench.installation().isFile("zorbino.exe")) {
+        if (words.isSet(selfTestWord))
+            return 1;
+        forms::tell(nullptr, wrongFolder.toString());
+        return 0;
+    }
+    workbench.showTracker();
+    workbench.LogProgress(QStringLiteral("ZB.main"));
+    if (words.isSet(selfTestWord))
+        return selfTest(workbench);
+    if (words.isSet(workWord))
+        workOn(workbench, words.value(workWord));
+    else
+        workbench.showLibrary();
+    return QApplication::exec();
+}
