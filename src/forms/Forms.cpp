@@ -9,15 +9,16 @@
 #include <QPainter>
 #include <QPixmap>
 
-namespace
-{
-
-void loadIcons()
+// Outside every namespace: that is where the resource compiler puts its function.
+static void loadIcons()
 {
 #ifdef ZB_UI_ICONS
     Q_INIT_RESOURCE(ui);
 #endif
 }
+
+namespace
+{
 
 /// A picture is missing: a soft tile with the first letter still tells the buttons apart.
 QIcon letterIcon(QChar letter)

@@ -3,10 +3,12 @@
 #include <QApplication>
 #include <QEvent>
 #include <QPalette>
+#include <QScopedValueRollback>
 #include <QStyle>
 #include <QStyleFactory>
 
 #include <algorithm>
+#include <optional>
 
 namespace
 {
@@ -76,6 +78,17 @@ QPushButton:disabled, QToolButton:disabled { border-color: @faint; background: t
 QToolBar QToolButton { padding: 3px; border-radius: 7px; }
 QToolBar QToolButton:!hover:!pressed:!checked:!focus { border-color: transparent; background: transparent; }
 QToolBar { spacing: 2px; padding: 3px; border: none; }
+QCheckBox::indicator, QRadioButton::indicator { width: 18px; height: 18px; }
+QCheckBox, QRadioButton { spacing: 8px; }
+QSlider::groove:horizontal { height: 8px; border-radius: 4px; background: @groove; }
+QSlider::sub-page:horizontal { border-radius: 4px; background: @accent; }
+QSlider::handle:horizontal {
+    width: 18px; height: 18px; margin: -7px 0; border: 2px solid @handle; border-radius: 11px; background: @top;
+}
+QSlider::handle:horizontal:hover { background: @lit; }
+QSlider:focus { border: 2px solid @accent; border-radius: 9px; }
+QSlider { border: 2px solid transparent; padding: 4px; min-height: 24px; }
+QSlider::sub-page:horizontal:disabled { background: @groove; }
 QToolTip { border: 1px solid @border; padding: 4px; color: @tiptext; background: @tip; }
 )");
     struct Colour {
@@ -89,11 +102,17 @@ QToolTip { border: 1px solid @border; padding: 4px; color: @tiptext; background:
         {"@lit", "#eaf2ff", "#454e60"},     {"@down", "#d5e4fb", "#2d4a75"},
         {"@accent", "#2f6fd6", "#6ea5ff"},  {"@faint", "#dfe4ed", "#3a404c"},
         {"@tiptext", "#20242e", "#e9ecf2"}, {"@tip", "#fff7d6", "#3d4350"},
+        {"@groove", "#d6dce8", "#4d5463"},  {"@handle", "#5b8dd6", "#8db4f5"},
     };
     // The longer name first: "@tip" is the beginning of "@tiptext".
     for (const Colour& colour : colours)
         sheet.replace(QLatin1String(colour.name), QLatin1String(dark ? colour.dark : colour.light));
     return sheet;
+}
+
+bool isDark(const QPalette& palette)
+{
+    return palette.color(QPalette::Window).lightness() < 128;
 }
 
 /// Puts our colours on, and puts them on again when the desktop changes between light and dark.
@@ -104,28 +123,30 @@ public:
 
     void dress()
     {
-        m_dressing = true;
-        QApplication::setPalette(QPalette()); // lets the desktop's own colours show
-        const bool dark = QApplication::palette().color(QPalette::Window).lightness() < 128;
+        const QScopedValueRollback dressing(m_dressing, true);
+        const bool dark = isDark(QApplication::palette());
         QApplication::setPalette(ourPalette(dark));
-        if (!m_dressed || dark != m_dark)
-            qApp->setStyleSheet(ourStyleSheet(dark));
+        if (m_dark == dark)
+            return;
         m_dark = dark;
-        m_dressed = true;
-        m_dressing = false;
+        qApp->setStyleSheet(ourStyleSheet(dark));
     }
 
     bool eventFilter(QObject* watched, QEvent* event) override
     {
-        if (event->type() == QEvent::ThemeChange && !m_dressing)
+        if (event->type() == QEvent::ThemeChange && !m_dressing) {
+            const QScopedValueRollback dressing(m_dressing, true);
+            QApplication::setPalette(QPalette()); // lets the desktop's own colours show again
             dress();
+        } else if (event->type() == QEvent::ApplicationPaletteChange && watched == qApp && !m_dressing) {
+            dress();
+        }
         return QObject::eventFilter(watched, event);
     }
 
 private:
     bool m_dressing = false;
-    bool m_dressed = false;
-    bool m_dark = false;
+    std::optional<bool> m_dark;
 };
 
 } // namespace

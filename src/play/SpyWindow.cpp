@@ -69,6 +69,8 @@ SpyWindow::SpyWindow(CodeEditorPort& codeEditor)
     layout->addLayout(makeStateLine());
     layout->addLayout(lists, 1);
 
+    resize(fontMetrics().averageCharWidth() * 100, fontMetrics().height() * 30);
+
     m_refresh.setSingleShot(true);
     m_refresh.setInterval(refreshInterval);
     m_refresh.callOnTimeout(this, &SpyWindow::refresh);
