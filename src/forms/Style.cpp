@@ -78,7 +78,20 @@ QPushButton:disabled, QToolButton:disabled { border-color: @faint; background: t
 QToolBar QToolButton { padding: 3px; border-radius: 7px; }
 QToolBar QToolButton:!hover:!pressed:!checked:!focus { border-color: transparent; background: transparent; }
 QToolBar { spacing: 2px; padding: 3px; border: none; }
-QCheckBox::indicator, QRadioButton::indicator { width: 18px; height: 18px; }
+QCheckBox::indicator, QRadioButton::indicator {
+    width: 18px; height: 18px; border: 2px solid @outline; border-radius: 6px; background: @base;
+}
+QRadioButton::indicator { border-radius: 11px; }
+QCheckBox::indicator:hover, QRadioButton::indicator:hover { border-color: @hover; }
+QCheckBox::indicator:focus, QRadioButton::indicator:focus { border-color: @accent; background: @down; }
+QCheckBox::indicator:checked { image: url(:/ui/ok.svg); }
+QRadioButton::indicator:checked {
+    background: qradialgradient(cx:0.5, cy:0.5, radius:0.5, fx:0.5, fy:0.5, stop:0.5 @accent, stop:0.6 @base);
+}
+QCheckBox::indicator:disabled, QRadioButton::indicator:disabled { border-color: @faint; }
+QListView, QLineEdit { border: 2px solid @outline; border-radius: 6px; padding: 2px; background: @base; }
+QListView:focus, QLineEdit:focus { border-color: @accent; }
+QListView:disabled, QLineEdit:disabled { border-color: @faint; }
 QCheckBox, QRadioButton { spacing: 8px; }
 QSlider::groove:horizontal { height: 8px; border-radius: 4px; background: @groove; }
 QSlider::sub-page:horizontal { border-radius: 4px; background: @accent; }
@@ -102,6 +115,7 @@ QToolTip { border: 1px solid @border; padding: 4px; color: @tiptext; background:
         {"@lit", "#eaf2ff", "#454e60"},     {"@down", "#d5e4fb", "#2d4a75"},
         {"@accent", "#2f6fd6", "#6ea5ff"},  {"@faint", "#dfe4ed", "#3a404c"},
         {"@tiptext", "#20242e", "#e9ecf2"}, {"@tip", "#fff7d6", "#3d4350"},
+        {"@outline", "#b3bccd", "#5f687a"}, {"@base", "#ffffff", "#1b1e25"},
         {"@groove", "#d6dce8", "#4d5463"},  {"@handle", "#5b8dd6", "#8db4f5"},
     };
     // The longer name first: "@tip" is the beginning of "@tiptext".

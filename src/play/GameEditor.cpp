@@ -59,7 +59,11 @@ GameEditor::GameEditor(Desk& desk)
     setButtons(RunButtons::Stopped);
 }
 
-GameEditor::~GameEditor() = default;
+GameEditor::~GameEditor()
+{
+    if (m_closing != Closing::Done) // the program ends without asking
+        m_codeEditor->closeForGood();
+}
 
 void GameEditor::Form_Load()
 {
@@ -179,7 +183,7 @@ void GameEditor::placeBeside(QWidget& window, bool below)
     const QRect free = screen()->availableGeometry();
     const QRect editor = frameGeometry();
     window.ensurePolished();
-    window.adjustSize();
+    window.layout()->activate();
     const QPoint wanted =
         below ? editor.bottomLeft() + QPoint(0, margin) : editor.topRight() + QPoint(margin, 0);
     const int right = std::max(free.left(), free.right() - window.width());

@@ -118,7 +118,7 @@ QLayout* SpyWindow::makeHistory()
     auto* header = new QLabel(QStringLiteral("Line            Code"));
     header->setObjectName(QStringLiteral("HistoryHeader"));
     header->setFont(forms::fixedFont(listFontSize));
-    header->setIndent(4);
+    header->setIndent(6);
     auto* column = new QVBoxLayout;
     column->setSpacing(gap / 2);
     column->addWidget(makeLabel(QStringLiteral("&History"), m_history));
