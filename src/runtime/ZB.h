@@ -30,6 +30,7 @@ inline constexpr std::array<Pixel, 7> ColorTable = {
 /// What the whole program shares; there is one, and everybody is handed a reference to it.
 struct ZB {
     GameRecord CurrentGame;
+    std::string GamesFolder = "games\\"; ///< what stands before CurrentGame.folder in the path of a game
     int RunMode = 0;                ///< 1: started from the game editor (traced); 0: no run yet or untraced
     bool CodeEditorWasOpen = false; ///< the code editor was visible when the run started
     int ErrorLine = 0;              ///< line of the last reported error, 0 for none

@@ -32,11 +32,11 @@ struct GraphicDescription {
 class ZBGraphic
 {
 public:
-    ZBGraphic(std::string_view name, GraphicDescription description, Surface picture);
+    /// What the picture lacks of what the description promises draws nothing.
+    ZBGraphic(std::string_view name, GraphicDescription description, const Surface& picture);
 
     const std::string& getName() const { return m_name; }
     const GraphicDescription& description() const { return m_description; }
-    const Surface& picture() const { return m_picture; }
 
     /// The frame that a sprite shows: by time for animated graphics, by heading for rotating ones.
     int frameIndex(std::int32_t frameNumber, double direction) const;
@@ -44,14 +44,10 @@ public:
     void Draw(Surface& target, int centreX, int centreY, int frame) const;
 
 private:
-    /// A run of pixels in one row of a frame that are copied as they are.
-    struct Span {
-        std::int32_t start;
-        std::int32_t length;
-    };
-    void analyse();
-
     std::string m_name;
     GraphicDescription m_description;
-    Surface m_picture;
+    int m_width = 0; ///< columns of a frame that the picture has
+    int m_rows = 0;  ///< rows of all frames that the picture has
+    std::vector<Pixel> m_images; ///< m_rows rows of m_width pixels
+    std::vector<Pixel> m_masks;
 };

@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -56,6 +57,9 @@ public:
     void TraceStateChange();
     void TraceEventEntry(std::string_view className, std::string_view eventName, std::string_view tagText);
     void TraceEventExit(std::string_view className, std::string_view eventName);
+    void TraceIfBegin() { ++TraceDepth; }
+    void TraceIfEnd();
+    /// The frame box of four lines.
     void TraceFrame(int frameNumber);
     const TraceBoxes& traceBoxes() const { return m_boxes; }
     /// Takes effect at the next line written.
@@ -68,8 +72,9 @@ public:
     void HaltAfterError();
 
     bool stepMode() const { return m_stepMode; }
-    /// A frame is being worked on (it may be waiting for the user).
-    bool inFrame() const { return m_inFrame; }
+    /// A run is being started or a frame worked on (it may be waiting for the user): the interpreter must not be
+    /// destroyed now.
+    bool inFrame() const { return m_inFrame || m_starting; }
 
     /// N(60000 / framesPerMinute) in milliseconds; nothing at 0, where the game stands still.
     static std::optional<int> timerInterval(int framesPerMinute);
@@ -86,7 +91,8 @@ public:
 
 private:
     friend class ZBContext;
-    void writeHistory(std::string_view text, int line, int depth);
+    void writeBanner();
+    void finishStop();
 
     ZB& m_module;
     const Installation& m_installation;
@@ -95,10 +101,13 @@ private:
     std::unique_ptr<ZBContext> m_context;
     TraceBoxes m_boxes;
     std::string m_line; ///< scratch for history lines
+    std::string m_text; ///< scratch for what stands in them
     std::uint64_t m_seed = 0;
     bool m_stepMode = false;
     bool m_stepReleased = false;
     bool m_stopping = false;
+    bool m_stopRequested = false;
+    bool m_starting = false;
     bool m_inFrame = false;
     bool m_stateShown = false; ///< the spy window's labels show the current state
 };

@@ -1,0 +1,149 @@
+#include "runtime/ZBContext.h"
+
+#include "platform/Rounding.h"
+
+// Queued events, collisions and map squares.
+
+const Program::ClassCode* ZBContext::classOf(std::int32_t spriteIndex) const
+{
+    if (!m_run.programLoaded || spriteIndex < 0 || spriteIndex >= static_cast<std::int32_t>(m_run.sprites.size()))
+        return nullptr;
+    const std::int32_t index = m_run.sprites[static_cast<std::size_t>(spriteIndex)].classIndex;
+    return index >= 0 ? &m_run.program->classes[static_cast<std::size_t>(index)] : nullptr;
+}
+
+bool ZBContext::TriggerEvent(std::int32_t meIndex, EventName event, std::int32_t itIndex)
+{
+    if (!classOf(meIndex))
+        return fail("[Internal Error!] Unable to trigger event " + std::to_string(meIndex) + "." +
+                        std::string(toString(event)),
+                    1);
+    if (m_run.events.isFull())
+        return fail("[Internal Error!] Too many simultaneous events! @@@", 1);
+    m_run.events.push({meIndex, itIndex, event});
+    return true;
+}
+
+bool ZBContext::FireEvent()
+{
+    if (m_run.events.eventCount() == 0)
+        return fail("[Internal Error!] Tried to fire event when there were no events on the queue!", 1);
+    const ZBEvent event = m_run.events.pop();
+    const Program::ClassCode* owner = classOf(event.meIndex);
+    const std::string_view name = toString(event.eventName);
+    if (!owner) {
+        const bool known = event.meIndex >= 0 && event.meIndex < static_cast<std::int32_t>(m_run.sprites.size());
+        const std::string className =
+            known ? *m_run.sprites[static_cast<std::size_t>(event.meIndex)].className : std::string();
+        return fail("[Internal Error!] Unable to fire event " + className + "." + std::string(name), 1);
+    }
+    const SequenceCode& block = owner->events[static_cast<std::size_t>(event.eventName)];
+    if (block.isEmpty)
+        return true;
+
+    ZBSprite& me = m_run.sprites[static_cast<std::size_t>(event.meIndex)];
+    m_run.me = event.meIndex;
+    me.slot = event.meIndex;
+    m_run.meValid = true;
+    m_run.itValid = event.itIndex >= 0;
+    m_run.detachedMe.reset();
+    m_run.detachedIt.reset();
+    if (m_run.itValid) {
+        m_run.it = event.itIndex;
+        m_run.sprites[static_cast<std::size_t>(event.itIndex)].slot = event.itIndex;
+    }
+    Text className = me.className;
+    const bool traced = m_interpreter.traceBoxes().events;
+    m_interpreter.TraceEventEntry(*className, name, traced ? valueText(me.tag) : std::string());
+    if (!Interpret(block))
+        return false;
+    m_interpreter.TraceEventExit(*className, name);
+    m_run.meValid = m_run.itValid = false;
+    return true;
+}
+
+bool ZBContext::DoSpriteEvents()
+{
+    for (std::int32_t i = 0; i < m_run.spriteCount; ++i)
+        if (!m_run.sprites[static_cast<std::size_t>(i)].destroyed && !TriggerEvent(i, EventName::Normal, -1))
+            return false;
+    while (m_run.events.eventCount() > 0)
+        if (!FireEvent())
+            return false;
+    removeDestroyed();
+    return true;
+}
+
+void ZBContext::removeDestroyed()
+{
+    for (std::int32_t i = 0; i < m_run.spriteCount;) {
+        ZBSprite& sprite = m_run.sprites[static_cast<std::size_t>(i)];
+        if (!sprite.destroyed) {
+            ++i;
+            continue;
+        }
+        const std::int32_t last = m_run.spriteCount - 1;
+        if (i != last) {
+            sprite.CopyFrom(m_run.sprites[static_cast<std::size_t>(last)]);
+            m_run.grid.move(i, sprite.x, sprite.y);
+        }
+        m_run.grid.removeLast();
+        m_run.spriteCount = last;
+    }
+}
+
+bool ZBContext::CheckForCollisions(std::int32_t index)
+{
+    const ZBSprite& sprite = m_run.sprites[static_cast<std::size_t>(index)];
+    m_run.grid.findHits(index, sprite.x, sprite.y, m_hits);
+    for (const int other : m_hits)
+        if (!TriggerEvent(index, EventName::Collision, other))
+            return false;
+    return true;
+}
+
+void ZBContext::UpdateSpriteMapStates()
+{
+    for (std::int32_t i = 0; i < m_run.spriteCount; ++i)
+        UpdateSpriteMapState(i);
+}
+
+void ZBContext::UpdateSpriteMapState(std::int32_t index)
+{
+    ZBSprite& sprite = m_run.sprites[static_cast<std::size_t>(index)];
+    const auto square = m_run.map.GetSquare(roundToInt(sprite.x), roundToInt(sprite.y));
+    if (!square || square->Same(sprite.mapSquare))
+        return;
+    sprite.mapSquare = *square;
+    TriggerEvent(sprite.slot, EventName::MapChange, -1);
+}
+
+ZBSprite* ZBContext::boundSprite(std::int32_t index, std::optional<ZBSprite>& detached)
+{
+    return detached ? &*detached : &m_run.sprites[static_cast<std::size_t>(index)];
+}
+
+ZBSprite* ZBContext::getMePtr(int line)
+{
+    if (m_run.meValid)
+        return boundSprite(m_run.me, m_run.detachedMe);
+    fail("You can't use ME if you aren't in an event!", line);
+    return nullptr;
+}
+
+ZBSprite* ZBContext::getItPtr(int line)
+{
+    if (m_run.itValid)
+        return boundSprite(m_run.it, m_run.detachedIt);
+    fail("@@@You can't use IT if you aren't in an event!", line);
+    return nullptr;
+}
+
+void ZBContext::placeInGrid(const ZBSprite& sprite)
+{
+    // A bound sprite's slot is its place in the table, unless a new sprite has taken that place.
+    const bool detached = (m_run.detachedMe && &sprite == &*m_run.detachedMe) ||
+                          (m_run.detachedIt && &sprite == &*m_run.detachedIt);
+    if (!detached && sprite.slot < m_run.spriteCount)
+        m_run.grid.move(sprite.slot, sprite.x, sprite.y);
+}
