@@ -1,0 +1,36 @@
+#pragma once
+
+#include "platform/Surface.h"
+
+#include <QWidget>
+
+/// The frame that is drawn on, enlarged. Tells mouse positions in the frame's own pixels, also beyond its
+/// edges.
+class FrameView : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit FrameView(QWidget* parent = nullptr);
+    /// `frame` is shown from now on; the widget must be told before it goes away.
+    void showFrame(const Surface* frame);
+
+Q_SIGNALS:
+    void mouseDown(Qt::MouseButtons buttons, Qt::KeyboardModifiers shift, int x, int y);
+    void mouseMove(Qt::MouseButtons buttons, Qt::KeyboardModifiers shift, int x, int y);
+    void mouseUp(Qt::MouseButtons buttons, Qt::KeyboardModifiers shift, int x, int y);
+    void lostFocus();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override { mousePressEvent(event); }
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+private:
+    QPoint framePoint(const QMouseEvent& event) const;
+
+    const Surface* m_frame = nullptr;
+};

@@ -1,0 +1,479 @@
+#include "mapeditor/MapEditor.h"
+
+#include "forms/Forms.h"
+#include "mapeditor/ColorSwatch.h"
+#include "mapeditor/MapCanvas.h"
+#include "mapeditor/MapDisplay.h"
+#include "platform/Rounding.h"
+
+#include <QAction>
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+#include <cmath>
+
+namespace
+{
+
+using namespace Qt::StringLiterals;
+
+constexpr int usualSize = 4; // "16 x 16"
+constexpr std::array<int, 10> sizes = {3, 5, 8, 10, 16, 25, 40, 50, 64, 75};
+constexpr std::array<const char16_t*, MapEditor::colours> colourNames = {
+    u"Red", u"Orange", u"Yellow", u"Green", u"Cyan", u"Blue", u"Purple"};
+
+/// Maps and their backgrounds are named from here.
+std::string below(const QString& name)
+{
+    return "games\\" + forms::toUtf8(name);
+}
+
+/// The square that covers pixel `at` of `extent`.
+int squareAt(int at, int count, int extent)
+{
+    const double square = std::floor(static_cast<double>(at) * count / extent);
+    return roundToInt(square);
+}
+
+} // namespace
+
+MapEditor::MapEditor(Desk& desk)
+    : m_desk(desk)
+{
+    setObjectName(u"MapEditor"_s);
+    setContextMenuPolicy(Qt::NoContextMenu);
+    makeMenus();
+
+    m_canvas = new MapCanvas(this);
+    m_display = new MapDisplay(m_canvas);
+    m_display->setEnabled(false);
+    m_background = new forms::PictureArea("Background", this);
+    m_background->hide();
+    m_backgroundResized = new forms::PictureArea("backgroundResized", this);
+    m_backgroundResized->hide();
+    m_newMap = makeNewMapPanel(m_canvas);
+
+    auto* const page = new QWidget(this);
+    auto* const layout = new QHBoxLayout(page);
+    layout->setContentsMargins(8, 8, 12, 8);
+    layout->setSpacing(12);
+    layout->addWidget(m_canvas, 1);
+    layout->addWidget(makeSide());
+    setCentralWidget(page);
+    statusBar();
+
+    connect(m_canvas, &MapCanvas::resized, this, &MapEditor::Form_Resize);
+    connect(m_display, &MapDisplay::mouseDown, this, &MapEditor::Display_MouseDown);
+    connect(m_display, &MapDisplay::mouseMove, this, &MapEditor::Display_MouseMove);
+    connect(m_display, &MapDisplay::mouseUp, this, &MapEditor::Display_MouseUp);
+    connect(m_display, &MapDisplay::mouseLeft, m_canvas, [this] { m_canvas->setMarked(-1, -1); });
+    Form_Load();
+}
+
+void MapEditor::makeMenus()
+{
+    struct Entry {
+        const char* name;
+        const char* icon;
+        const char16_t* text;
+        const char16_t* buttonText;
+        const char16_t* tip;
+        const char16_t* keys;
+        void (MapEditor::*handler)();
+    };
+    // clang-format off
+    static constexpr Entry entries[] = {
+        {"FileNew",        "new",        u"&New Map...",         u"New",        u"Start a new map",                  u"Ctrl+N", &MapEditor::FileNew_Click},
+        {"FileOpen",       "open-map",   u"&Open Map...",        u"Open",       u"Open a map that you have saved",   u"Ctrl+O", &MapEditor::FileOpen_Click},
+        {"FileSave",       "save-map",   u"&Save Map",           u"Save",       u"Save this map",                    u"Ctrl+S", &MapEditor::FileSave_Click},
+        {"ViewBackground", "background", u"&Over Background...", u"Background", u"Show the map over a picture",      u"Ctrl+B", &MapEditor::ViewBackground_Click},
+    };
+    // clang-format on
+    QMenu* const file = menuBar()->addMenu(u"&File"_s);
+    file->setObjectName(u"FileMnu"_s);
+    file->menuAction()->setObjectName(u"FileMnu"_s);
+    QMenu* const view = menuBar()->addMenu(u"&View"_s);
+    view->setObjectName(u"ViewMnu"_s);
+    view->menuAction()->setObjectName(u"ViewMnu"_s);
+
+    auto* const bar = new QToolBar(u"Map"_s, this);
+    bar->setObjectName(u"Toolbar"_s);
+    bar->setMovable(false);
+    bar->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    bar->setIconSize(QSize(32, 32));
+    for (const Entry& entry : entries) {
+        auto* const action = new QAction(forms::icon(entry.icon), QString::fromUtf16(entry.text), this);
+        action->setObjectName(QLatin1StringView(entry.name));
+        action->setIconText(QString::fromUtf16(entry.buttonText));
+        action->setShortcut(QKeySequence(QString::fromUtf16(entry.keys)));
+        action->setToolTip(QString::fromUtf16(entry.tip) + u" (%1)"_s.arg(QString::fromUtf16(entry.keys)));
+        connect(action, &QAction::triggered, this, entry.handler);
+        (entry.handler == &MapEditor::ViewBackground_Click ? view : file)->addAction(action);
+        bar->addAction(action);
+        QWidget* const button = bar->widgetForAction(action);
+        button->setObjectName(QLatin1StringView(entry.name) + "Button"_L1);
+        button->setAccessibleName(action->iconText());
+        button->setFocusPolicy(Qt::TabFocus);
+        button->setMinimumWidth(72);
+    }
+    addToolBar(bar);
+}
+
+QFrame* MapEditor::makeNewMapPanel(QWidget* parent)
+{
+    auto* const panel = new QFrame(parent);
+    panel->setObjectName(u"NewMap"_s);
+    panel->setFrameStyle(QFrame::StyledPanel | QFrame::Raised);
+    panel->setAutoFillBackground(true);
+    auto* const question = new QLabel(u"How many &squares shall the new map have?"_s, panel);
+    question->setWordWrap(true);
+    m_sizes = new QComboBox(panel);
+    m_sizes->setObjectName(u"MapSizeBox"_s);
+    m_sizes->setAccessibleName(u"Squares of the new map"_s);
+    for (const int size : sizes)
+        m_sizes->addItem(u"%1 x %1"_s.arg(size));
+    m_sizes->setMaxVisibleItems(static_cast<int>(sizes.size()));
+    question->setBuddy(m_sizes);
+    auto* const create = new QPushButton(u"&Ok"_s, panel);
+    forms::dressButton(*create, "CreateNewMap", "ok", u"Make the new map"_s);
+    connect(create, &QPushButton::clicked, this, &MapEditor::CreateNewMap_Click);
+    auto* const layout = new QVBoxLayout(panel);
+    layout->setContentsMargins(16, 16, 16, 16);
+    layout->setSpacing(12);
+    layout->addWidget(question);
+    layout->addWidget(m_sizes);
+    layout->addWidget(create);
+    return panel;
+}
+
+QWidget* MapEditor::makeSide()
+{
+    auto* const panel = new QWidget(this);
+    auto* const layout = new QVBoxLayout(panel);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(8);
+
+    auto* const frame = new QGroupBox(u"Colors and what they mean"_s, panel);
+    frame->setObjectName(u"LegendFrame"_s);
+    auto* const grid = new QGridLayout(frame);
+    grid->setSpacing(8);
+    auto* const group = new QButtonGroup(this);
+    for (int index = 0; index < colours; ++index) {
+        const std::size_t place = static_cast<std::size_t>(index);
+        const QString name = QString::fromUtf16(colourNames[place]);
+        auto* const swatch = new ColorSwatch(u"ColorSelect_%1"_s.arg(index), ColorTable[place], frame);
+        swatch->setAccessibleName(name);
+        swatch->setToolTip(u"Paint with %1 (Alt+%2)"_s.arg(name.toLower()).arg(index + 1));
+        swatch->setShortcut(QKeySequence(u"Alt+%1"_s.arg(index + 1)));
+        connect(swatch, &QAbstractButton::clicked, this, [this, index] { ColorSelect_Click(index); });
+        group->addButton(swatch, index);
+        auto* const text = new QLineEdit(frame);
+        text->setObjectName(u"LegendText_%1"_s.arg(index));
+        text->setAccessibleName(u"What %1 means"_s.arg(name.toLower()));
+        text->setPlaceholderText(u"What is %1?"_s.arg(name.toLower()));
+        text->setMinimumWidth(text->fontMetrics().averageCharWidth() * 20);
+        connect(text, &QLineEdit::textChanged, this, [this, index] { LegendText_Change(index); });
+        grid->addWidget(swatch, index, 0);
+        grid->addWidget(new QLabel(name, frame), index, 1);
+        grid->addWidget(text, index, 2);
+        m_swatches[place] = swatch;
+        m_legend[place] = text;
+    }
+
+    m_delete = new QCheckBox(u"Delete"_s, panel);
+    m_delete->setObjectName(u"delete"_s);
+    m_delete->setIcon(forms::icon("eraser"));
+    m_delete->setShortcut(QKeySequence(u"Alt+D"_s));
+    m_delete->setToolTip(u"Painting takes colors away (Alt+D)"_s);
+    m_onlyCurrent = new QCheckBox(u"Show Current Color Only"_s, panel);
+    m_onlyCurrent->setObjectName(u"OnlyCurrent"_s);
+    m_onlyCurrent->setShortcut(QKeySequence(u"Alt+C"_s));
+    m_onlyCurrent->setToolTip(u"The other colors are hidden for a while (Alt+C)"_s);
+    connect(m_onlyCurrent, &QCheckBox::toggled, this, &MapEditor::OnlyCurrent_Click);
+
+    layout->addWidget(frame);
+    layout->addWidget(m_delete);
+    layout->addWidget(m_onlyCurrent);
+    layout->addStretch(1);
+    return panel;
+}
+
+void MapEditor::Form_Load()
+{
+    ColorSelect_Click(currentColor);
+    FileNew_Click();
+    showTitle();
+}
+
+void MapEditor::showTitle()
+{
+    QString title = u"Zorbino Map Editor"_s;
+    if (!m_fileName.isEmpty())
+        title += u" - "_s + m_fileName;
+    if (m_squaresModified || m_legendModified)
+        title += u" *"_s;
+    setWindowTitle(title);
+}
+
+// New maps.
+
+void MapEditor::FileNew_Click()
+{
+    m_sizes->setCurrentIndex(usualSize);
+    m_newMap->show();
+    m_newMap->raise();
+    placeNewMapPanel();
+    m_sizes->setFocus();
+}
+
+void MapEditor::CreateNewMap_Click()
+{
+    m_newMap->hide();
+    const QString text = m_sizes->currentText();
+    const int squares = text.left(text.indexOf(u' ')).toInt();
+    m_map.Create(squares, squares);
+    m_squaresModified = false; // a blank one is no loss
+    m_fileName.clear();
+    mapOpened();
+}
+
+void MapEditor::mapOpened()
+{
+    m_newMap->hide();
+    m_display->setEnabled(m_map.hasGrid());
+    m_canvas->setGrid(m_map.columns, m_map.rows);
+    showTitle();
+    RedrawMap();
+}
+
+void MapEditor::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape && m_newMap->isVisible() && m_display->isEnabled())
+        m_newMap->hide(); // back to the map that is there
+    else
+        QMainWindow::keyPressEvent(event);
+}
+
+// Colours and legend.
+
+void MapEditor::ColorSelect_Click(int index)
+{
+    for (ColorSwatch* const swatch : m_swatches)
+        swatch->setChecked(swatch == m_swatches[static_cast<std::size_t>(index)]);
+    currentColor = static_cast<std::int16_t>(index);
+    RedrawMap();
+}
+
+void MapEditor::LegendText_Change(int index)
+{
+    if (loading)
+        return;
+    m_map.set_legend(index, forms::toUtf8(m_legend[static_cast<std::size_t>(index)]->text()));
+    m_legendModified = true;
+    showTitle();
+}
+
+void MapEditor::OnlyCurrent_Click()
+{
+    RedrawMap();
+}
+
+// Drawing.
+
+void MapEditor::RedrawMap()
+{
+    if (m_resizedPicture.isNull())
+        return;
+    m_picture = m_resizedPicture;
+    if (m_map.hasGrid())
+        m_map.Draw(m_picture, m_onlyCurrent->isChecked() ? currentColor : -1);
+    m_display->update();
+}
+
+void MapEditor::Form_Resize()
+{
+    const QRect area = m_canvas->displayRect();
+    m_display->setGeometry(area);
+    placeNewMapPanel();
+    scaleBackground();
+    RedrawMap();
+    m_display->showSurface(&m_picture);
+}
+
+void MapEditor::scaleBackground()
+{
+    m_resizedPicture.reset(m_display->width(), m_display->height());
+    stretch(m_resizedPicture, m_backgroundPicture);
+    m_backgroundResized->showSurface(&m_resizedPicture);
+}
+
+void MapEditor::placeNewMapPanel()
+{
+    QRect place({}, m_newMap->sizeHint().expandedTo(QSize(260, 0)));
+    place.moveCenter(m_canvas->rect().center());
+    m_newMap->setGeometry(place);
+}
+
+// Painting.
+
+void MapEditor::Display_MouseDown(int x, int y)
+{
+    mouseDown = true;
+    lastColumn = -1;
+    Display_MouseMove(x, y);
+}
+
+void MapEditor::Display_MouseMove(int x, int y)
+{
+    const int column = squareAt(x, m_map.columns, m_display->width());
+    const int row = squareAt(y, m_map.rows, m_display->height());
+    const bool isOn = m_display->rect().contains(x, y);
+    m_canvas->setMarked(isOn ? column : -1, isOn ? row : -1);
+    if (!mouseDown)
+        return; // nothing has changed: the picture would be the same
+    drawStroke(column, row);
+    lastColumn = column;
+    lastRow = row;
+    RedrawMap();
+}
+
+void MapEditor::Display_MouseUp()
+{
+    mouseDown = false;
+}
+
+/// Paints from the last square to this one without gaps.
+void MapEditor::drawStroke(int column, int row)
+{
+    if (lastColumn == -1) {
+        drawOn(column, row);
+        return;
+    }
+    const double distance = std::hypot(lastColumn - column, lastRow - row);
+    double x = lastColumn;
+    double y = lastRow;
+    for (int k = 0; distance > 0 && k <= distance; ++k) {
+        drawOn(roundToInt(x), roundToInt(y));
+        x += (column - lastColumn) / distance;
+        y += (row - lastRow) / distance;
+    }
+}
+
+void MapEditor::drawOn(int column, int row)
+{
+    if (column < 0 || row < 0 || column >= m_map.columns || row >= m_map.rows)
+        return;
+    const int index = row * m_map.columns + column;
+    const MapSquare before = m_map.square(index);
+    if (!m_delete->isChecked())
+        m_map.set_offset(index, currentColor, true);
+    else if (m_onlyCurrent->isChecked())
+        m_map.set_offset(index, currentColor, false);
+    else
+        m_map.set_offset_all(index, false);
+    if (!m_squaresModified && !m_map.square(index).Same(before)) {
+        m_squaresModified = true;
+        showTitle();
+    }
+}
+
+// Files.
+
+void MapEditor::FileOpen_Click()
+{
+    const auto name = forms::askText(
+        this, u"Open..."_s, u"Which map? Say the game's folder and the map's name,\nlike 00000001\\castle"_s,
+        m_fileName);
+    if (!name)
+        return;
+    loading = true;
+    const auto text = m_desk.installation().readText(below(*name));
+    const bool isWhole = text && m_map.fromText(*text);
+    for (int index = 0; index < colours; ++index)
+        m_legend[static_cast<std::size_t>(index)]->setText(forms::fromUtf8(m_map.get_legend(index)));
+    const QString background = forms::fromUtf8(m_map.get_background());
+    const bool backgroundFound = !text || background.isEmpty() || loadBackground(background);
+    Form_Resize();
+    loading = false;
+    if (text) {
+        m_squaresModified = false;
+        m_legendModified = false;
+        m_fileName = isWhole ? *name : QString();
+        mapOpened();
+    }
+    if (!text)
+        forms::tell(this,
+                    u"I could not open the map %1. Maybe it has another name, or it is gone."_s.arg(*name));
+    else if (!isWhole)
+        forms::tell(this,
+                    u"I could not read the map %1 to its end. Its file seems to be damaged."_s.arg(*name));
+    else if (!backgroundFound)
+        forms::tell(this, u"I could not open the picture %1, which belongs to this map."_s.arg(background));
+}
+
+void MapEditor::FileSave_Click()
+{
+    if (!m_map.hasGrid()) {
+        forms::tell(this, u"There is no map to save yet. Make a new one first!"_s);
+        return;
+    }
+    const auto name = forms::askText(
+        this, u"Save as..."_s,
+        u"Where to? Say the game's folder and the map's name,\nlike 00000001\\castle"_s, m_fileName);
+    if (!name)
+        return;
+    if (!m_desk.installation().write(below(*name), m_map.toText())) {
+        forms::tell(
+            this,
+            u"I could not save the map %1. Maybe there is no such folder, the disk is full, or I am not "
+            "allowed to write there. Your map is still here."_s.arg(*name));
+        return;
+    }
+    m_fileName = *name;
+    m_squaresModified = false;
+    m_legendModified = false;
+    showTitle();
+    forms::tell(this, *name + u" saved."_s);
+}
+
+void MapEditor::ViewBackground_Click()
+{
+    const auto name = forms::askText(this, u"Enter background filename"_s,
+                                     u"Which picture? Say the game's folder and the picture's name,\n"
+                                     "like 00000001\\sky.bmp"_s,
+                                     forms::fromUtf8(m_map.get_background()));
+    if (!name)
+        return;
+    if (!loadBackground(*name)) {
+        forms::tell(
+            this,
+            u"I could not open the picture %1. Maybe it has another name, or it is no picture."_s.arg(*name));
+        return;
+    }
+    m_map.set_background(forms::toUtf8(*name));
+    m_legendModified = true;
+    showTitle();
+    Form_Resize();
+}
+
+bool MapEditor::loadBackground(const QString& name)
+{
+    const auto file = m_desk.installation().find(below(name));
+    auto picture = file ? m_desk.pictures().read(*file) : std::nullopt;
+    if (!picture)
+        return false;
+    m_backgroundPicture = std::move(*picture);
+    m_background->showSurface(&m_backgroundPicture);
+    return true;
+}

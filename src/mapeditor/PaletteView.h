@@ -1,0 +1,35 @@
+#pragma once
+
+#include "platform/Surface.h"
+
+#include <QWidget>
+
+/// The colours to draw with, the transparent one first. The mouse picks with any button held, the arrow keys
+/// too.
+class PaletteView : public QWidget
+{
+    Q_OBJECT
+public:
+    static constexpr int columns = 6;
+    static constexpr int rows = 9;
+
+    explicit PaletteView(QWidget* parent = nullptr);
+    /// The colour in use gets a frame where it is one of the palette's.
+    void showChosen(Pixel colour);
+    static Pixel colour(int index);
+
+Q_SIGNALS:
+    void picked(Pixel colour);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    bool event(QEvent* event) override;
+
+private:
+    int indexAt(const QPointF& position) const;
+
+    Pixel m_chosen = black;
+};

@@ -1,0 +1,662 @@
+#include "mapeditor/SpriteEditor.h"
+
+#include "forms/Forms.h"
+#include "mapeditor/ColourPlate.h"
+#include "mapeditor/FramePainting.h"
+#include "mapeditor/FrameView.h"
+#include "mapeditor/PaletteView.h"
+#include "mapeditor/SpriteChooser.h"
+#include "mapeditor/SpriteFiles.h"
+#include "mapeditor/StripView.h"
+
+#include <QAction>
+#include <QActionGroup>
+#include <QCloseEvent>
+#include <QColorDialog>
+#include <QComboBox>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMenuBar>
+#include <QPainter>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QSignalBlocker>
+#include <QSpinBox>
+#include <QStatusBar>
+#include <QTimer>
+#include <QToolBar>
+#include <QToolButton>
+
+#include <algorithm>
+#include <array>
+
+namespace
+{
+
+using namespace Qt::StringLiterals;
+
+constexpr int previewSide = 128;
+constexpr int largestSpinSide = 256;
+constexpr int gameFramesPerTick = 3;       // a picture of an animation stays for three frames of the game
+constexpr int previewTick = 1000 * 3 / 30; // of which there are 30 in a second
+constexpr Pixel firstColour = rgb(0x5a, 0x93, 0xff);
+
+constexpr std::array<GraphicKind, 3> kinds = {GraphicKind::Simple, GraphicKind::Animated,
+                                              GraphicKind::Rotating};
+
+QString loadMessage(SpriteLoad result, const QString& name)
+{
+    switch (result) {
+    case SpriteLoad::TooLarge:
+        return u"The sprite %1 is too large for me to draw on."_s.arg(name);
+    case SpriteLoad::Damaged:
+        return u"I could not understand the files of the sprite %1. Maybe they are damaged."_s.arg(name);
+    default:
+        return u"I could not open the sprite %1. Maybe its files are gone."_s.arg(name);
+    }
+}
+
+} // namespace
+
+/// One thing that the user can ask for: in a menu, on the toolbar or on a button.
+struct SpriteEditor::Command {
+    const char* name;
+    const char* icon;
+    const char16_t* menuText;
+    const char16_t* buttonText;
+    const char16_t* tip;
+    const char16_t* keys;
+    void (*run)(SpriteEditor& editor);
+};
+
+SpriteEditor::SpriteEditor(Desk& desk, const QString& graphicName)
+    : m_desk(desk)
+{
+    setObjectName(u"SpriteEditor"_s);
+    setWindowTitle(u"Zorbino Sprite Editor"_s);
+    setContextMenuPolicy(Qt::NoContextMenu);
+    makeCommands();
+    makeToolbar();
+
+    auto* const page = new QWidget(this);
+    auto* const middle = new QHBoxLayout;
+    middle->setSpacing(12);
+    middle->addWidget(makeColours());
+    middle->addWidget(makeStage(), 1);
+    middle->addWidget(makeSide());
+    auto* const layout = new QVBoxLayout(page);
+    layout->setContentsMargins(12, 8, 12, 8);
+    layout->setSpacing(12);
+    layout->addLayout(middle, 1);
+    layout->addWidget(makeFrames());
+    setCentralWidget(page);
+
+    m_nameLabel = new QLabel(this);
+    m_nameLabel->setObjectName(u"SpriteName"_s);
+    m_position = new QLabel(this);
+    m_position->setObjectName(u"Position"_s);
+    statusBar()->addWidget(m_nameLabel, 1);
+    statusBar()->addPermanentWidget(m_position);
+
+    m_previewTimer = new QTimer(this);
+    m_previewTimer->setObjectName(u"PreviewTimer"_s);
+    m_previewTimer->setInterval(previewTick);
+    connect(m_previewTimer, &QTimer::timeout, this, &SpriteEditor::preview_Timer);
+
+    connectModel();
+    setTool(PencilTool);
+    setSwatch(firstColour);
+    resize(960, 760);
+    Form_Load(graphicName);
+}
+
+void SpriteEditor::makeCommands()
+{
+    // clang-format off
+    static constexpr Command commands[] = {
+        {"NewSprite",      "new",         u"&New Sprite",          u"New",       u"Start a new sprite", u"Ctrl+N", [](SpriteEditor& e) { e.newSprite(); }},
+        {"OpenSprite",     "folder",      u"&Open Sprite...",      u"Open",      u"Open a sprite of this game", u"Ctrl+O", [](SpriteEditor& e) { e.openSprite(); }},
+        {"SaveSprite",     "save",        u"&Save Sprite",         u"Save",      u"Save this sprite", u"Ctrl+S", [](SpriteEditor& e) { e.saveSprite(); }},
+        {"SaveSpriteAs",   "copy",        u"Save &As...",          u"Save As",   u"Save this sprite under another name", u"Ctrl+Shift+S", [](SpriteEditor& e) { e.saveSpriteAs(); }},
+        {"CloseEditor",    "exit",        u"&Close",               u"Close",     u"Close this window", u"Ctrl+W", [](SpriteEditor& e) { e.close(); }},
+        {"Undo",           "undo",        u"&Undo",                u"Undo",      u"Take the last change back", u"Ctrl+Z", [](SpriteEditor& e) { e.m_model.undo(); e.refresh(); }},
+        {"Redo",           "redo",        u"&Redo",                u"Redo",      u"Do it again", u"Ctrl+Y", [](SpriteEditor& e) { e.m_model.redo(); e.refresh(); }},
+        {"PointerTool",    "pointer",     u"P&ointer",             u"Pointer",   u"Point and measure, without drawing", u"Ctrl+1", [](SpriteEditor& e) { e.setTool(SpriteEditor::PointerTool); }},
+        {"PencilTool",     "pencil",      u"&Pencil",              u"Pencil",    u"Draw with the pencil", u"Ctrl+2", [](SpriteEditor& e) { e.setTool(SpriteEditor::PencilTool); }},
+        {"FillTool",       "fill",        u"&Fill",                u"Fill",      u"Fill a shape that has an outline in your colour", u"Ctrl+3", [](SpriteEditor& e) { e.setTool(SpriteEditor::FillTool); }},
+        {"AddFrame",       "add",         u"&Add Frame",           u"Add",       u"Add an empty frame", u"Ctrl+Insert", [](SpriteEditor& e) { e.m_model.addFrame(); e.refresh(); }},
+        {"DuplicateFrame", "duplicate",   u"&Duplicate Frame",     u"Duplicate", u"Add a copy of this frame", u"Ctrl+D", [](SpriteEditor& e) { e.m_model.duplicateFrame(); e.refresh(); }},
+        {"DeleteFrame",    "remove",      u"D&elete Frame",        u"Delete",    u"Delete this frame", u"Ctrl+Del", [](SpriteEditor& e) { e.m_model.removeFrame(); e.refresh(); }},
+        {"FrameLeft",      "frame-left",  u"Move Frame &Left",     u"Left",      u"Move this frame one place to the left", u"Ctrl+Left", [](SpriteEditor& e) { e.m_model.moveFrame(-1); e.refresh(); }},
+        {"FrameRight",     "frame-right", u"Move Frame &Right",    u"Right",     u"Move this frame one place to the right", u"Ctrl+Right", [](SpriteEditor& e) { e.m_model.moveFrame(1); e.refresh(); }},
+    };
+    struct Menu {
+        const char16_t* title;
+        std::size_t first;
+        std::size_t end;
+    };
+    static constexpr Menu menus[] = {{u"&File", 0, 5}, {u"&Edit", 5, 7}, {u"&Tools", 7, 10}, {u"F&rames", 10, 15}};
+    // clang-format on
+    for (const Menu& entry : menus) {
+        QMenu* const menu = menuBar()->addMenu(QString::fromUtf16(entry.title));
+        for (std::size_t index = entry.first; index < entry.end; ++index) {
+            const Command& from = commands[index];
+            auto* const action = new QAction(forms::icon(from.icon), QString::fromUtf16(from.menuText), this);
+            action->setObjectName(QLatin1StringView(from.name));
+            action->setIconText(QString::fromUtf16(from.buttonText));
+            action->setShortcut(QKeySequence(QString::fromUtf16(from.keys)));
+            action->setToolTip(QString::fromUtf16(from.tip) + u" (%1)"_s.arg(QString::fromUtf16(from.keys)));
+            connect(action, &QAction::triggered, this, [this, run = from.run] { run(*this); });
+            menu->addAction(action);
+        }
+    }
+    auto* const tools = new QActionGroup(this);
+    for (const char* name : {"PointerTool", "PencilTool", "FillTool"}) {
+        command(name)->setCheckable(true);
+        tools->addAction(command(name));
+    }
+}
+
+QAction* SpriteEditor::command(const char* name) const
+{
+    return findChild<QAction*>(QLatin1StringView(name));
+}
+
+void SpriteEditor::makeToolbar()
+{
+    auto* const bar = new QToolBar(u"Tools"_s, this);
+    bar->setObjectName(u"Toolbar1"_s);
+    bar->setMovable(false);
+    bar->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    bar->setIconSize(QSize(32, 32));
+    for (const char* name : {"NewSprite", "OpenSprite", "SaveSprite", "", "Undo", "Redo", "", "PointerTool",
+                             "PencilTool", "FillTool"}) {
+        if (*name == '\0') {
+            bar->addSeparator();
+            continue;
+        }
+        bar->addAction(command(name));
+        QWidget* const button = bar->widgetForAction(command(name));
+        button->setObjectName(QLatin1StringView(name) + "Button"_L1);
+        button->setAccessibleName(command(name)->iconText());
+        button->setFocusPolicy(Qt::TabFocus);
+        button->setMinimumWidth(64);
+    }
+    addToolBar(bar);
+}
+
+QWidget* SpriteEditor::makeColours()
+{
+    auto* const panel = new QWidget(this);
+    auto* const layout = new QVBoxLayout(panel);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(8);
+    auto* const title = new QLabel(u"&Colours"_s, panel);
+    m_swatch = new ColourPlate("Swatch", panel);
+    m_palette = new PaletteView(panel);
+    title->setBuddy(m_palette);
+    auto* const more = new QPushButton(u"&More..."_s, panel);
+    forms::dressButton(*more, "MoreColours", "palette", u"Choose any colour you like"_s);
+    connect(more, &QPushButton::clicked, this, &SpriteEditor::moreColours);
+    layout->addWidget(title);
+    layout->addWidget(m_swatch);
+    layout->addWidget(m_palette, 0, Qt::AlignHCenter);
+    layout->addWidget(more);
+    layout->addStretch(1);
+    return panel;
+}
+
+QWidget* SpriteEditor::makeStage()
+{
+    m_stage = new QWidget(this);
+    m_stage->setObjectName(u"Stage"_s);
+    m_stage->setMinimumSize(320, 320);
+    m_stage->installEventFilter(this);
+    m_currentFrame = new FrameView(m_stage);
+    return m_stage;
+}
+
+QWidget* SpriteEditor::makeSide()
+{
+    auto* const panel = new QWidget(this);
+    auto* const layout = new QVBoxLayout(panel);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(8);
+
+    const auto decoration = [panel](const char* name, const char* iconName, QSize size) {
+        auto* const label = new QLabel(panel);
+        label->setObjectName(QLatin1StringView(name));
+        label->setPixmap(forms::icon(iconName).pixmap(size, label->devicePixelRatioF()));
+        label->setAlignment(Qt::AlignCenter);
+        return label;
+    };
+    layout->addWidget(decoration("Logo", "logo", QSize(176, 64)));
+
+    auto* const previewTitle = new QLabel(u"In the game"_s, panel);
+    m_preview = new QLabel(panel);
+    m_preview->setObjectName(u"Preview"_s);
+    m_preview->setAccessibleName(u"The sprite as it moves in the game"_s);
+    m_preview->setFixedSize(previewSide + 8, previewSide + 8);
+    m_preview->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+    m_preview->setAlignment(Qt::AlignCenter);
+    layout->addWidget(previewTitle);
+    layout->addWidget(m_preview, 0, Qt::AlignHCenter);
+
+    m_kind = new QComboBox(panel);
+    m_kind->setObjectName(u"Kind"_s);
+    m_kind->addItems({u"Simple"_s, u"Animated"_s, u"Rotating"_s});
+    m_kind->setAccessibleName(u"Kind of sprite"_s);
+    const auto side = [panel](const char* name, const QString& what) {
+        auto* const box = new QSpinBox(panel);
+        box->setObjectName(QLatin1StringView(name));
+        box->setAccessibleName(what);
+        box->setToolTip(what + u", in pixels"_s);
+        box->setRange(SpriteModel::smallestSide, largestSpinSide);
+        box->setKeyboardTracking(false); // "64" is no 6 on the way
+        return box;
+    };
+    m_width = side("FrameWidth", u"Width of a frame"_s);
+    m_height = side("FrameHeight", u"Height of a frame"_s);
+    auto* const form = new QFormLayout;
+    form->setSpacing(8);
+    form->addRow(u"&Kind"_s, m_kind);
+    form->addRow(u"&Width"_s, m_width);
+    form->addRow(u"&Height"_s, m_height);
+    layout->addLayout(form);
+
+    m_hint = new QLabel(panel);
+    m_hint->setObjectName(u"KindHint"_s);
+    m_hint->setWordWrap(true);
+    m_hint->setFixedWidth(184);
+    m_hint->setAlignment(Qt::AlignTop);
+    layout->addWidget(m_hint);
+    layout->addStretch(1);
+    layout->addWidget(decoration("Picture1", "sprite", QSize(64, 64)));
+    return panel;
+}
+
+QWidget* SpriteEditor::makeFrames()
+{
+    auto* const panel = new QWidget(this);
+    auto* const layout = new QVBoxLayout(panel);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(8);
+    auto* const row = new QHBoxLayout;
+    row->setSpacing(8);
+    row->addWidget(new QLabel(u"Frames"_s, panel));
+    for (const char* name : {"AddFrame", "DuplicateFrame", "DeleteFrame", "FrameLeft", "FrameRight"}) {
+        auto* const button = new QToolButton(panel);
+        button->setDefaultAction(command(name));
+        button->setObjectName(QLatin1StringView(name) + "Button"_L1);
+        button->setAccessibleName(command(name)->toolTip());
+        button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+        button->setIconSize(QSize(22, 22));
+        button->setFocusPolicy(Qt::TabFocus);
+        row->addWidget(button);
+    }
+    row->addStretch(1);
+    layout->addLayout(row);
+
+    m_strip = new StripView(m_model, panel);
+    m_stripArea = new QScrollArea(panel);
+    m_stripArea->setObjectName(u"StripArea"_s);
+    m_stripArea->setWidget(m_strip);
+    m_stripArea->setFocusPolicy(Qt::NoFocus);
+    m_stripArea->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_stripArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    m_stripArea->setFixedHeight(m_strip->height() + m_stripArea->horizontalScrollBar()->sizeHint().height() +
+                                4);
+    layout->addWidget(m_stripArea);
+    return panel;
+}
+
+void SpriteEditor::connectModel()
+{
+    connect(m_currentFrame, &FrameView::mouseDown, this, &SpriteEditor::CurrentFrame_MouseDown);
+    connect(m_currentFrame, &FrameView::mouseMove, this, &SpriteEditor::CurrentFrame_MouseMove);
+    connect(m_currentFrame, &FrameView::mouseUp, this, &SpriteEditor::CurrentFrame_MouseUp);
+    connect(m_currentFrame, &FrameView::lostFocus, this, &SpriteEditor::CurrentFrame_LostFocus);
+    connect(m_palette, &PaletteView::picked, this, &SpriteEditor::palettep_MouseMove);
+    connect(m_strip, &StripView::picked, this, [this](int index) {
+        m_model.setCurrent(index);
+        refresh();
+    });
+    connect(m_strip, &StripView::dragStarted, this, [this] { m_model.beginStroke(); });
+    connect(m_strip, &StripView::dragEnded, this, [this] { m_model.endStroke(); });
+    connect(m_strip, &StripView::dragged, this, [this](int toIndex) {
+        m_model.moveFrame(toIndex - m_model.currentIndex());
+        refresh();
+    });
+    connect(m_kind, &QComboBox::activated, this, [this](int index) {
+        m_model.setKind(kinds[static_cast<std::size_t>(index)]);
+        refresh();
+    });
+    connect(m_width, &QSpinBox::valueChanged, this, &SpriteEditor::setFrameSize);
+    connect(m_height, &QSpinBox::valueChanged, this, &SpriteEditor::setFrameSize);
+}
+
+std::string SpriteEditor::folder()
+{
+    return "games\\" + m_desk.module().CurrentGame.folder;
+}
+
+void SpriteEditor::Form_Load(const QString& graphicName)
+{
+    if (!graphicName.isEmpty()) {
+        SpriteModel loaded;
+        const SpriteLoad result = loadSprite(m_desk.installation(), m_desk.pictures(), folder(),
+                                             forms::toUtf8(graphicName), loaded);
+        if (result == SpriteLoad::Done) {
+            m_model = std::move(loaded);
+            m_name = graphicName;
+        } else { // once the window is there
+            QTimer::singleShot(
+                0, this, [this, message = loadMessage(result, graphicName)] { forms::tell(this, message); });
+        }
+    }
+    refresh();
+}
+
+// Drawing.
+
+void SpriteEditor::CurrentFrame_MouseDown(Qt::MouseButtons buttons, Qt::KeyboardModifiers shift, int x, int y)
+{
+    m_model.beginStroke();
+    CurrentFrame_MouseMove(buttons, shift, x, y);
+}
+
+void SpriteEditor::CurrentFrame_MouseMove(Qt::MouseButtons buttons, Qt::KeyboardModifiers /*shift*/, int x,
+                                          int y)
+{
+    if (buttons.testFlag(Qt::RightButton) && m_model.contains(x, y))
+        setSwatch(m_model.pixel(x, y));
+    if (buttons.testFlag(Qt::LeftButton)) {
+        const Pixel colour = m_swatch->fillColor();
+        switch (tool) {
+        case PointerTool:
+            if (lastX == noStroke) {
+                lastX = x;
+                lastY = y;
+            }
+            break;
+        case PencilTool:
+            if (lastX == noStroke)
+                m_model.setPixel(x, y, colour);
+            else
+                m_model.drawLine(lastX, lastY, x, y, colour);
+            lastX = x;
+            lastY = y;
+            break;
+        default:
+            m_model.floodFill(x, y, colour);
+        }
+        if (tool != PointerTool)
+            refreshPixels();
+    }
+    showPosition(x, y);
+}
+
+void SpriteEditor::CurrentFrame_MouseUp(Qt::MouseButtons /*buttons*/, Qt::KeyboardModifiers /*shift*/, int x,
+                                        int y)
+{
+    lastX = noStroke;
+    lastY = noStroke;
+    m_model.endStroke();
+    showPosition(x, y);
+}
+
+void SpriteEditor::CurrentFrame_LostFocus()
+{
+    lastX = noStroke;
+    lastY = -1;
+    m_model.endStroke();
+}
+
+void SpriteEditor::showPosition(int x, int y)
+{
+    if (!m_model.contains(x, y)) {
+        m_position->clear();
+        return;
+    }
+    QString text = u"Pixel %1, %2"_s.arg(x).arg(y);
+    if (tool == PointerTool && lastX != noStroke)
+        text += u" (%1 across, %2 down from where you started)"_s.arg(x - lastX).arg(y - lastY);
+    m_position->setText(text);
+}
+
+void SpriteEditor::palettep_MouseMove(Pixel colour)
+{
+    setSwatch(colour);
+}
+
+void SpriteEditor::setSwatch(Pixel colour)
+{
+    m_swatch->setFillColor(colour);
+    m_palette->showChosen(colour);
+}
+
+void SpriteEditor::moreColours()
+{
+    const Pixel now = m_swatch->fillColor();
+    QColorDialog dialog(now == transparent ? QColor(Qt::white) : QColor::fromRgb(now), this);
+    dialog.setWindowTitle(u"Choose a colour"_s);
+    dialog.setOption(QColorDialog::DontUseNativeDialog);
+    if (dialog.exec() == QDialog::Accepted)
+        setSwatch(dialog.selectedColor().rgb() | opaqueBits);
+}
+
+void SpriteEditor::setTool(int chosen)
+{
+    tool = chosen;
+    static constexpr const char* names[] = {"PointerTool", "PencilTool", "FillTool"};
+    command(names[chosen - 1])->setChecked(true);
+    m_currentFrame->setCursor(chosen == PointerTool ? Qt::ArrowCursor : Qt::CrossCursor);
+    CurrentFrame_LostFocus();
+}
+
+void SpriteEditor::setFrameSize()
+{
+    m_model.setFrameSize({m_width->value(), m_height->value()});
+    refresh();
+}
+
+// Files.
+
+void SpriteEditor::newSprite()
+{
+    if (!mayClose())
+        return;
+    m_model.clear(m_model.frameSize());
+    m_discardAllowed = false;
+    m_name.clear();
+    refresh();
+}
+
+void SpriteEditor::openSprite()
+{
+    if (!mayClose())
+        return;
+    m_discardAllowed = false; // the list of sprites may still be cancelled
+    const auto name = chooseSprite(this, m_desk.installation(), m_desk.pictures(), folder());
+    if (name)
+        openNamed(*name);
+}
+
+bool SpriteEditor::openNamed(const QString& name)
+{
+    const SpriteLoad result =
+        loadSprite(m_desk.installation(), m_desk.pictures(), folder(), forms::toUtf8(name), m_model);
+    if (result != SpriteLoad::Done) {
+        forms::tell(this, loadMessage(result, name));
+        return false;
+    }
+    m_name = name;
+    refresh();
+    return true;
+}
+
+bool SpriteEditor::saveSprite()
+{
+    return m_name.isEmpty() ? saveSpriteAs() : saveAs(m_name);
+}
+
+bool SpriteEditor::saveSpriteAs()
+{
+    for (QString wish = m_name;;) {
+        const auto answer = forms::askText(
+            this, u"Save Sprite"_s, u"What is the name of your sprite? (small letters and digits)"_s, wish);
+        if (!answer)
+            return false;
+        const QString name = forms::fromUtf8(spriteName(forms::toUtf8(*answer)));
+        if (name.isEmpty()) {
+            forms::tell(this, u"I need a name with at least one letter or digit in it."_s);
+            wish = *answer;
+            continue;
+        }
+        const bool isOther =
+            name != m_name && spriteExists(m_desk.installation(), folder(), forms::toUtf8(name));
+        if (!isOther || forms::askOk(this, u"Save Sprite"_s,
+                                     u"There is a sprite named %1 already. Shall I replace it?"_s.arg(name)))
+            return saveAs(name);
+        wish = name;
+    }
+}
+
+bool SpriteEditor::saveAs(const QString& name)
+{
+    if (!::saveSprite(m_desk.installation(), folder(), forms::toUtf8(name), m_model)) {
+        forms::tell(this,
+                    u"I could not save the sprite %1. Maybe the disk is full, or I am not allowed to write "
+                    "there. Your sprite is still here in this window."_s.arg(name));
+        return false;
+    }
+    m_name = name;
+    m_model.setSaved();
+    refreshState();
+    statusBar()->showMessage(u"Saved. Your program can use it as \"%1\"."_s.arg(name), 6000);
+    Q_EMIT saved(name);
+    return true;
+}
+
+bool SpriteEditor::mayClose()
+{
+    if (!m_model.isModified() || m_discardAllowed)
+        return true;
+    const QString name = m_name.isEmpty() ? u"your new sprite"_s : u"the sprite %1"_s.arg(m_name);
+    switch (forms::askYesNoCancel(this, u"Zorbino Sprite Editor"_s, u"Do you want to save %1?"_s.arg(name))) {
+    case forms::Answer::Yes:
+        return saveSprite();
+    case forms::Answer::No:
+        m_discardAllowed = true; // not asked again while nothing new is drawn
+        return true;
+    default:
+        return false;
+    }
+}
+
+void SpriteEditor::closeEvent(QCloseEvent* event)
+{
+    event->setAccepted(mayClose());
+}
+
+// Views.
+
+bool SpriteEditor::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_stage && event->type() == QEvent::Resize)
+        placeCurrentFrame();
+    return QMainWindow::eventFilter(watched, event);
+}
+
+void SpriteEditor::placeCurrentFrame()
+{
+    const FrameSize size = m_model.frameSize();
+    m_currentFrame->setGeometry(fitFrame(m_stage->rect(), size.width, size.height));
+}
+
+void SpriteEditor::refresh()
+{
+    placeCurrentFrame();
+    m_strip->refresh();
+    const QRect current = m_strip->frameRect(m_model.currentIndex());
+    m_stripArea->ensureVisible(current.center().x(), current.center().y(), current.width(), 0);
+    const QSignalBlocker blockKind(m_kind);
+    const QSignalBlocker blockWidth(m_width);
+    const QSignalBlocker blockHeight(m_height);
+    m_kind->setCurrentIndex(static_cast<int>(m_model.kind()) - 1);
+    const auto showSide = [](QSpinBox* box, int side) {
+        box->setMaximum(std::max(largestSpinSide, side)); // a large frame that others made stays as it is
+        box->setValue(side);
+    };
+    showSide(m_width, m_model.frameSize().width);
+    showSide(m_height, m_model.frameSize().height);
+    updatePreviewTimer();
+    refreshPixels();
+}
+
+void SpriteEditor::refreshPixels()
+{
+    m_discardAllowed = false;
+    m_currentFrame->showFrame(&m_model.currentFrame());
+    m_strip->update();
+    if (!m_previewTimer->isActive())
+        preview_Timer();
+    refreshState();
+}
+
+void SpriteEditor::refreshState()
+{
+    static constexpr const char16_t* hints[] = {
+        u"A simple sprite shows its first frame.",
+        u"An animated sprite shows its frames one after the other.",
+        u"A rotating sprite shows the frame for its direction: the first one looks to the right, the others "
+        u"go round "
+        u"anticlockwise.",
+    };
+    m_hint->setText(QString::fromUtf16(hints[static_cast<int>(m_model.kind()) - 1]));
+    const bool isModified = m_model.isModified();
+    const QString name = m_name.isEmpty() ? u"New sprite"_s : u"Sprite \"%1\""_s.arg(m_name);
+    m_nameLabel->setText(isModified ? name + u", not saved yet"_s : name);
+    command("Undo")->setEnabled(m_model.canUndo());
+    command("Redo")->setEnabled(m_model.canRedo());
+    command("AddFrame")->setEnabled(m_model.canAddFrame());
+    command("DuplicateFrame")->setEnabled(m_model.canAddFrame());
+    command("FrameLeft")->setEnabled(m_model.currentIndex() > 0);
+    command("FrameRight")->setEnabled(m_model.currentIndex() + 1 < m_model.frameCount());
+}
+
+void SpriteEditor::preview_Timer()
+{
+    m_previewFrame = m_previewTimer->isActive() ? m_previewFrame + gameFramesPerTick : 0;
+    const Surface& frame = m_model.frame(m_model.previewIndex(m_previewFrame));
+    QPixmap picture(previewSide, previewSide);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    drawFrame(painter, fitFrame(picture.rect(), frame.width(), frame.height()), frame);
+    painter.end();
+    m_preview->setPixmap(picture);
+}
+
+/// An animation costs nothing while nobody sees it.
+void SpriteEditor::updatePreviewTimer()
+{
+    const bool moves = isVisible() && m_model.kind() != GraphicKind::Simple && m_model.frameCount() > 1;
+    if (!moves)
+        m_previewTimer->stop();
+    else if (!m_previewTimer->isActive())
+        m_previewTimer->start();
+}
+
+void SpriteEditor::showEvent(QShowEvent* event)
+{
+    QMainWindow::showEvent(event);
+    updatePreviewTimer();
+}
+
+void SpriteEditor::hideEvent(QHideEvent* event)
+{
+    QMainWindow::hideEvent(event);
+    updatePreviewTimer();
+}
