@@ -1,0 +1,431 @@
+#include "editor/CodeEditor.h"
+
+#include "editor/CodeText.h"
+#include "editor/EditorBars.h"
+#include "editor/Indentation.h"
+#include "editor/TextPrinter.h"
+#include "forms/Forms.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QCloseEvent>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPointer>
+#include <QPrinter>
+#include <QScopeGuard>
+#include <QTextBlock>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+namespace
+{
+
+constexpr int textPoints = 12;
+constexpr int columnsShown = 84;
+constexpr int linesShown = 28;
+/// No program of a game comes near these; a file beyond them is something else.
+constexpr std::uintmax_t largestFile = 16U << 20U;
+constexpr qsizetype mostLines = 1'000'000;
+
+/// A path cut behind its last backslash into folder and file name.
+std::pair<std::string_view, std::string_view> SplitPath(std::string_view path)
+{
+    const std::size_t backslash = path.rfind('\\');
+    const std::size_t cut = backslash == std::string_view::npos ? 0 : backslash + 1;
+    return {path.substr(0, cut), path.substr(cut)};
+}
+
+QString fileNamePart(std::string_view path)
+{
+    return forms::fromUtf8(SplitPath(path).second);
+}
+
+bool isMiddleOfPair(const QTextDocument& document, int position)
+{
+    return document.characterAt(position).isLowSurrogate();
+}
+
+} // namespace
+
+/// The window while it works and must not be disturbed: toolbars hidden, disabled, under the hourglass.
+class CodeEditor::Busy
+{
+public:
+    explicit Busy(CodeEditor& editor)
+        : m_editor(editor)
+        , m_hadFocus(editor.m_CodeView->hasFocus())
+    {
+        m_editor.m_isBusy = true;
+        m_editor.m_bars->showToolbars(false);
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+        m_editor.setEnabled(false);
+    }
+    ~Busy()
+    {
+        m_editor.setEnabled(true);
+        QApplication::restoreOverrideCursor();
+        m_editor.showToolbars();
+        if (m_hadFocus)
+            m_editor.m_CodeView->setFocus();
+        m_editor.m_isBusy = false;
+        if (m_editor.m_deleteWhenDone)
+            m_editor.deleteLater();
+    }
+    Busy(const Busy&) = delete;
+    Busy& operator=(const Busy&) = delete;
+
+private:
+    CodeEditor& m_editor;
+    bool m_hadFocus;
+};
+
+// The window
+// ----------------------------------------------------------------------------------------------------
+
+CodeEditor::CodeEditor(Desk& desk)
+    : m_desk(desk)
+    , m_bars(new EditorBars)
+    , m_CodeView(new CodeView(*this))
+    , m_history(*m_CodeView->document())
+{
+    Form_Load();
+}
+
+CodeEditor::~CodeEditor()
+{
+    delete m_CodeView; // it would still call back when the rest of the window is gone
+}
+
+void CodeEditor::Form_Load()
+{
+    m_desk.LogProgress(QStringLiteral("CodeEditor.Form_Load: Begin"));
+    setObjectName(QStringLiteral("CodeEditor"));
+    setWindowTitle(QStringLiteral("Code Editor"));
+    m_CodeView->setFont(forms::fixedFont(textPoints));
+
+    auto* area = new QWidget;
+    auto* column = new QVBoxLayout(area);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(m_bars);
+    column->addWidget(m_CodeView, 1);
+    setCentralWidget(area);
+    makeMenus();
+    connectButtons();
+
+    connect(m_CodeView, &QPlainTextEdit::textChanged, this, &CodeEditor::CodeView_Change);
+    connect(&m_history, &TextHistory::changed, this, &CodeEditor::markModified);
+    connect(&m_history, &TextHistory::undoCountChanged, this, [this](int count) {
+        m_bars->button("UndoButton")->setEnabled(count > 0);
+        m_UndoMnu->setEnabled(count > 0);
+    });
+    m_bars->Minibuffer()->installEventFilter(this);
+
+    const QFontMetrics metrics(m_CodeView->font());
+    resize(metrics.horizontalAdvance(u'0') * columnsShown,
+           metrics.lineSpacing() * linesShown + m_bars->sizeHint().height() + menuBar()->sizeHint().height());
+    ShowPosition(1, 1);
+    m_CodeView->setFocus();
+    m_desk.LogProgress(QStringLiteral("CodeEditor.Form_Load: Done"));
+}
+
+void CodeEditor::show()
+{
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    QMainWindow::show();
+    raise();
+    activateWindow();
+}
+
+void CodeEditor::focusText()
+{
+    activateWindow();
+    m_CodeView->setFocus();
+}
+
+void CodeEditor::closeEvent(QCloseEvent* event)
+{
+    if (AllowClose)
+        return;
+    event->ignore();
+    hide();
+}
+
+void CodeEditor::closeForGood()
+{
+    AllowClose = true;
+    close();
+    if (m_isBusy)
+        m_deleteWhenDone = true; // somebody further up still works with it
+    else
+        deleteLater();
+}
+
+void CodeEditor::resizeEvent(QResizeEvent* event)
+{
+    m_desk.LogProgress(QStringLiteral("CodeEditor.Form_Resize:begin"));
+    QMainWindow::resizeEvent(event);
+    m_desk.LogProgress(QStringLiteral("CodeEditor.Form_Resize: end"));
+}
+
+bool CodeEditor::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_bars->Minibuffer()) {
+        if (event->type() == QEvent::KeyPress)
+            return Minibuffer_KeyDown(*static_cast<QKeyEvent*>(event));
+        if (event->type() == QEvent::ShortcutOverride) {
+            // What edits the text must not do so while a prompt is typed into.
+            const auto& key = *static_cast<QKeyEvent*>(event);
+            const QAction* command = m_shortcuts.value(key.keyCombination().toCombined());
+            if (command != nullptr && command->data().toBool())
+                event->accept();
+        }
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+// Files
+// ---------------------------------------------------------------------------------------------------------
+
+bool CodeEditor::LoadFile(const QString& productPath)
+{
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    const auto arrow = qScopeGuard([] { QApplication::restoreOverrideCursor(); });
+    m_desk.LogProgress(QStringLiteral("Begin CodeEditor.LoadFile"));
+    m_desk.LogProgress(QStringLiteral("CodeEditor.LoadFile: Opening ") + productPath);
+    const std::string path = forms::toUtf8(productPath);
+    const std::optional<std::string> bytes = m_desk.installation().readText(path, largestFile);
+    const QString loaded = bytes ? CodeText::fromFile(*bytes) : QString();
+    if (m_isBusy || !bytes || loaded.count(u'\n') > mostLines) {
+        if (!m_desk.installation().find(path))
+            m_FileName = path; // nothing there that saving could destroy
+        close();
+        return false;
+    }
+    m_history.setText(loaded);
+    m_desk.LogProgress(QStringLiteral("CodeEditor.LoadFile: loaded into CodeView"));
+    show();
+    setWindowTitle(fileNamePart(path));
+    m_Modified = false;
+    m_FileName = path;
+    m_desk.LogProgress(QStringLiteral("CodeEditor.LoadFile: done"));
+    AutoIndentAll();
+    return true;
+}
+
+bool CodeEditor::saveFile()
+{
+    if (m_FileName.empty() || !m_desk.installation().write(m_FileName, text())) {
+        forms::tell(this,
+                    QStringLiteral("Sorry, your program was not saved!\n\n"
+                                   "I could not write it to the disk. Maybe the disk is full, or the game's "
+                                   "folder is gone or may not be changed.\n\n"
+                                   "Your text is still here in the Code Editor. Please don't close it "
+                                   "before you have saved."));
+        return false;
+    }
+    m_Modified = false;
+    setWindowTitle(fileNamePart(m_FileName));
+    return true;
+}
+
+std::string CodeEditor::text() const
+{
+    return CodeText::toProgram(m_history.text());
+}
+
+void CodeEditor::markModified()
+{
+    if (m_Modified)
+        return;
+    m_Modified = true;
+    setWindowTitle(fileNamePart(m_FileName) + u'*');
+}
+
+// The cursor
+// ----------------------------------------------------------------------------------------------------
+
+void CodeEditor::UpdateCursorPosition()
+{
+    const QTextCursor cursor = m_CodeView->textCursor();
+    ShowPosition(cursor.blockNumber() + 1, cursor.positionInBlock() + 1);
+}
+
+void CodeEditor::ShowPosition(int line, int column)
+{
+    m_CurrentLine = line;
+    m_CurrentColumn = column;
+    m_bars->showPosition(line, column);
+}
+
+void CodeEditor::SetCursorPos(int line, int column, bool wrap)
+{
+    placeCursor(CodeText::positionOf(*m_CodeView->document(), line, column, wrap));
+    ShowPosition(line, column);
+}
+
+void CodeEditor::placeCursor(int position)
+{
+    QTextCursor cursor = m_CodeView->textCursor();
+    if (isMiddleOfPair(*m_CodeView->document(), position))
+        position += position < cursor.position() ? -1 : 1; // on in the direction that it comes from
+    cursor.setPosition(position);
+    m_CodeView->setTextCursor(cursor);
+    m_CodeView->ensureCursorVisible();
+}
+
+void CodeEditor::ShowLineHelp()
+{
+    const QTextCursor cursor = m_CodeView->textCursor();
+    const QTextBlock line = cursor.block();
+    if (cursor.position() == 0 || line.length() <= 1)
+        return;
+    const QString text = line.text();
+    const QString word = CodeText::statementWord(text).toString();
+    m_bars->showHelp(forms::fromUtf8(StatementHelp(forms::toUtf8(word))));
+}
+
+// Changes
+// -------------------------------------------------------------------------------------------------------
+
+void CodeEditor::UndoChange()
+{
+    if (m_history.undoCount() < 1)
+        return;
+    const int line = m_CurrentLine;
+    const int column = m_CurrentColumn;
+    m_history.UndoChange();
+    SetCursorPos(line, column, false);
+}
+
+int CodeEditor::IndentLine(int position)
+{
+    QTextDocument& document = *m_CodeView->document();
+    if (position == 0 || position == document.characterCount() - 1)
+        return position;
+    const QTextBlock block = document.findBlock(position);
+    QTextBlock above = block.previous();
+    while (above.isValid() && above.length() <= 1)
+        above = above.previous();
+    const QString line = block.text();
+    const Indentation::Level level = Indentation::levelOf(line, above.isValid() ? above.text() : QString());
+    if (level.isBelowZero)
+        QApplication::beep();
+
+    const int start = block.position();
+    const Indentation::Blanks blanks = Indentation::blanksAround(line);
+    const int wanted = Indentation::unit * level.level;
+    QTextCursor cursor(&document);
+    cursor.beginEditBlock();
+    cursor.setPosition(start + static_cast<int>(line.size()));
+    cursor.setPosition(cursor.position() - blanks.behind, QTextCursor::KeepAnchor);
+    cursor.removeSelectedText();
+    cursor.setPosition(start);
+    if (blanks.before < wanted) {
+        cursor.insertText(QString(wanted - blanks.before, u' '));
+    } else {
+        cursor.setPosition(start + blanks.before - wanted, QTextCursor::KeepAnchor);
+        cursor.removeSelectedText();
+    }
+    cursor.endEditBlock();
+    return start + wanted;
+}
+
+void CodeEditor::AutoIndentAll()
+{
+    if (m_isBusy)
+        return;
+    UpdateCursorPosition();
+    const int line = m_CurrentLine;
+    const int column = m_CurrentColumn;
+    const QString before = m_history.text();
+    std::optional<Busy> busy; // a short text is done before anybody could look
+    const auto tell = [this, &busy](int lineNumber, bool belowZero) {
+        if (belowZero)
+            QApplication::beep();
+        if (!busy)
+            busy.emplace(*this);
+        m_bars->showStatus(QStringLiteral("Autoindenting... (line %1)").arg(lineNumber));
+        QCoreApplication::processEvents();
+    };
+    const Indentation::IndentedText after =
+        Indentation::AutoIndentAll(CodeText::StripControlCharacters(before), tell);
+    if (after.isBelowZero)
+        QApplication::beep();
+    if (after.text != before)
+        m_history.setText(after.text);
+    busy.reset();
+    SetCursorPos(line, column, false);
+    m_bars->showStatus(QString());
+}
+
+void CodeEditor::AutoIndentButton_Click()
+{
+    RecordChange();
+    const QString before = m_history.text();
+    AutoIndentAll();
+    if (m_history.text() != before)
+        markModified();
+}
+
+void CodeEditor::DeleteMnu_Click()
+{
+    const int line = m_CurrentLine;
+    const int column = m_CurrentColumn;
+    QTextCursor cursor = m_CodeView->textCursor();
+    const int position = cursor.position();
+    QTextDocument& document = *m_CodeView->document();
+    if (position >= document.characterCount() - 1)
+        return;
+    const int behind = position + (isMiddleOfPair(document, position + 1) ? 2 : 1);
+    cursor.setPosition(position);
+    cursor.setPosition(behind, QTextCursor::KeepAnchor);
+    cursor.removeSelectedText();
+    SetCursorPos(line, column, false);
+}
+
+void CodeEditor::CopyMnu_Click()
+{
+    QGuiApplication::clipboard()->setText(m_CodeView->selectedText());
+}
+
+void CodeEditor::PasteMnu_Click()
+{
+    m_CodeView->setFocus();
+    QKeyEvent down(QEvent::KeyPress, Qt::Key_V, Qt::ControlModifier);
+    QKeyEvent up(QEvent::KeyRelease, Qt::Key_V, Qt::ControlModifier);
+    QCoreApplication::sendEvent(m_CodeView, &down);
+    QCoreApplication::sendEvent(m_CodeView, &up);
+}
+
+void CodeEditor::FindAndReplace_Click()
+{
+    forms::tell(this, QStringLiteral("Sorry, not implemented yet!"));
+}
+
+void CodeEditor::PrintButton_Click()
+{
+    const QPointer<CodeEditor> self(this);
+    const std::string& title = m_desk.module().CurrentGame.title;
+    m_winCode.documentName = title.empty() ? fileNamePart(m_FileName) : forms::fromUtf8(title);
+    if (m_isBusy || !m_winCode.PrintDialog(this) || self.isNull())
+        return;
+    bool isPrinted = false;
+    {
+        const Busy busy(*this);
+        m_bars->showStatus(QStringLiteral("Printing..."));
+        const std::unique_ptr<QPrinter> printer = m_winCode.openPrinter();
+        isPrinted = printText(*printer, m_history.text(), m_CodeView->font());
+    }
+    if (!isPrinted)
+        forms::tell(this,
+                    QStringLiteral("Sorry, I could not print your program!\n\n"
+                                   "Please look whether the printer is switched on and has paper. If you "
+                                   "are making a PDF file, try another folder for it."));
+}

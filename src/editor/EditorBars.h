@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QWidget>
+
+#include <array>
+
+class QFrame;
+class QLabel;
+class QLineEdit;
+class QToolButton;
+
+/// What stands above the text: two toolbars, the display of the cursor's place and the help bar. A prompt
+/// takes the place of the toolbars.
+class EditorBars : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit EditorBars(QWidget* parent = nullptr);
+
+    QToolButton* button(const char* name) const;
+    QLineEdit* Minibuffer() const { return m_Minibuffer; }
+
+    void showToolbars(bool shown);
+    void showPosition(int line, int column);
+    void showHelp(const QString& usage);
+    /// Repainted at once, so that it is seen before the work that it tells about.
+    void showStatus(const QString& status);
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    QFrame* makeToolbar(const char* name, int row);
+    QFrame* makeHelpBar();
+    void measure();
+    void placePrompt();
+
+    QFrame* m_Toolbar1;
+    QFrame* m_Toolbar2;
+    QFrame* m_helpBar;
+    QLabel* m_ShowHelp;
+    QLabel* m_ShowCursorPos;
+    QLabel* m_ShowStatus;
+    QLabel* m_Logo;
+    QLineEdit* m_Minibuffer;
+};

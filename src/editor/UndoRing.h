@@ -1,0 +1,24 @@
+#pragma once
+
+#include "editor/TextRecord.h"
+
+#include <array>
+
+/// The texts as they were before the last changes. Holds 31 of them; the oldest is overwritten.
+class UndoRing
+{
+public:
+    static constexpr int size = 31;
+
+    /// Keeps `text` as the newest snapshot, unless it is that already. True where it was kept.
+    bool record(const TextRecord& text);
+    /// How many snapshots can still be restored.
+    int count() const { return m_undoCount; }
+    /// Takes the newest snapshot out; there must be one.
+    TextRecord undo();
+
+private:
+    std::array<TextRecord, size> m_texts;
+    int m_undoIndex = 0; ///< the newest snapshot; after the last undo an old text that is only compared with
+    int m_undoCount = 0;
+};
