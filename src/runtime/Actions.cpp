@@ -2,17 +2,12 @@
 
 #include "language/ZBLCreateExp.h"
 #include "language/ZBLMethodExp.h"
-#include "platform/Rounding.h"
+#include "runtime/Messages.h"
 
 #include <array>
 #include <cmath>
 
 // The statements that act on sprites and on the game.
-
-namespace
-{
-constexpr std::string_view tooBig = "A number in this instruction became too big!";
-}
 
 bool ZBContext::runAction(const ZBLMethodExp& statement)
 {
@@ -44,7 +39,7 @@ ZBSprite* ZBContext::resolve(const ZBLObjectExp& object, int line)
 bool ZBContext::afterMove(ZBSprite& sprite, int line)
 {
     if (!sprite.isFinite())
-        return fail(tooBig, line);
+        return fail(say::tooBig, line);
     placeInGrid(sprite);
     const std::int32_t slot = sprite.slot; // the message of a failure may end the run
     if (!CheckForCollisions(slot))
@@ -57,7 +52,7 @@ bool ZBContext::afterMove(ZBSprite& sprite, int line)
 bool ZBContext::afterTurn(const ZBSprite& sprite, int line)
 {
     if (!sprite.isFinite())
-        return fail(tooBig, line);
+        return fail(say::tooBig, line);
     UpdateSpriteMapState(sprite.slot);
     return true;
 }
@@ -92,22 +87,19 @@ bool ZBContext::runOnSprite(const ZBLMethodExp& statement)
     }
 }
 
-bool ZBContext::evaluateCounter(const ZBLMethodExp& statement, const ZBLSimpleExp& operand, double& number)
+bool ZBContext::failNoCounter(const ZBLMethodExp& statement)
 {
-    ZBLValueExp value;
-    if (!evaluate(operand, value, statement.line()))
-        return false;
-    if (!value.isCounter())
-        return fail(std::string(statement.methodName()) + " method takes a counter or a number!", statement.line());
-    number = value.realVal;
-    return true;
+    return fail(std::string(statement.methodName()) + " method takes a counter or a number!", statement.line());
 }
 
 bool ZBContext::runWithValue(const ZBLMethodExp& statement)
 {
-    double amount = 0;
-    if (!evaluateCounter(statement, statement.value(), amount))
+    ZBLValueExp value;
+    if (!evaluate(statement.value(), value, statement.line()))
         return false;
+    if (!value.isCounter())
+        return failNoCounter(statement);
+    const double amount = value.realVal;
     ZBSprite* const sprite = resolve(statement.object(), statement.line());
     if (!sprite)
         return false;
@@ -152,15 +144,18 @@ bool ZBContext::runWithValue(const ZBLMethodExp& statement)
 
 bool ZBContext::runWithPlace(const ZBLMethodExp& statement)
 {
-    double x = 0;
-    double y = 0;
-    double z = 0;
-    if (!evaluateCounter(statement, statement.value(), x) || !evaluateCounter(statement, statement.valueY(), y) ||
-        !evaluateCounter(statement, statement.valueZ(), z))
+    const int line = statement.line();
+    std::array<ZBLValueExp, 3> place;
+    if (!evaluate(statement.value(), place[0], line) || !evaluate(statement.valueY(), place[1], line) ||
+        !evaluate(statement.valueZ(), place[2], line))
         return false;
-    ZBSprite* const sprite = resolve(statement.object(), statement.line());
+    for (const ZBLValueExp& value : place)
+        if (!value.isCounter())
+            return failNoCounter(statement);
+    ZBSprite* const sprite = resolve(statement.object(), line);
     if (!sprite)
         return false;
+    const auto [x, y, z] = std::array{place[0].realVal, place[1].realVal, place[2].realVal};
     if (statement.action() == Action::SetPosition)
         sprite->moveTo(x, y, z);
     else

@@ -5,7 +5,7 @@
 #include "language/ZBLMethodExp.h"
 #include "language/ZBLMutateExp.h"
 #include "language/ZBLSetStateExp.h"
-#include "platform/NumberText.h"
+#include "runtime/Messages.h"
 
 #include <algorithm>
 #include <cmath>
@@ -15,9 +15,6 @@
 
 namespace
 {
-
-constexpr std::string_view tooBig = "A number in this instruction became too big!";
-constexpr std::string_view invalidValue = "Invalid ZBLValueExp detected internally!";
 
 /// Neither too big nor unset: variables that have not been set hold no number, so this one test finds both.
 bool isUsable(double number) { return std::abs(number) <= std::numeric_limits<double>::max(); }
@@ -280,14 +277,14 @@ bool ZBContext::changeFailed(const Step& step)
     const double target = m_run.variables.counters[static_cast<std::size_t>(step.a)];
     if (step.op == Op::ChangeVariable && std::isnan(m_run.variables.counters[static_cast<std::size_t>(step.b)]))
         return false; // an amount that is not set stops the block without a word
-    return fail(std::isnan(target) ? "You used change on a counter you have not set yet!" : tooBig, step.line);
+    return fail(std::isnan(target) ? say::changeBeforeSet : say::tooBig, step.line);
 }
 
 std::string ZBContext::valueText(const ZBLValueExp& value)
 {
     const auto text = value.toString();
     if (!text)
-        fail(invalidValue, 1);
+        fail(say::invalidValue, 1);
     return text.value_or(std::string());
 }
 
@@ -295,7 +292,7 @@ std::string ZBContext::basicText(const ZBLValueExp& value)
 {
     const auto text = value.toBasicString();
     if (!text)
-        fail(invalidValue, 1);
+        fail(say::invalidValue, 1);
     return text.value_or(std::string());
 }
 
@@ -304,7 +301,7 @@ bool ZBContext::evaluate(const ZBLSimpleExp& operand, ZBLValueExp& value, int li
     switch (operand.kind()) {
     case ZBLSimpleExp::Kind::Literal:
         value = operand.value();
-        return !value.isCounter() || isUsable(value.realVal) || fail(tooBig, line);
+        return !value.isCounter() || isUsable(value.realVal) || fail(say::tooBig, line);
     case ZBLSimpleExp::Kind::ClassName:
         value = operand.value();
         return true;
@@ -454,10 +451,10 @@ bool ZBContext::runMutate(const ZBLMutateExp& statement)
         return fail("Change does not work with anything except numbers!", statement.line());
     double& counter = m_run.variables.counters[static_cast<std::size_t>(statement.target().slot)];
     if (std::isnan(counter))
-        return fail("You used change on a counter you have not set yet!", statement.line());
+        return fail(say::changeBeforeSet, statement.line());
     const double sum = counter + value.realVal;
     if (!isUsable(sum))
-        return fail(tooBig, statement.line());
+        return fail(say::tooBig, statement.line());
     counter = sum;
     return true;
 }

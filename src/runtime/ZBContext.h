@@ -81,7 +81,6 @@ private:
     void forgetVariables();
     bool getVariable(const ZBLVarExp& variable, ZBLValueExp& value) const;
     bool setVariable(const ZBLVarExp& variable, const ZBLValueExp& value);
-    bool changeVariable(const ZBLVarExp& variable, double amount, int line);
 
     // Running code (Interpret.cpp).
     bool Interpret(const SequenceCode& code);
@@ -103,7 +102,7 @@ private:
     bool runWithPlace(const ZBLMethodExp& statement);
     bool runRebound(const ZBLMethodExp& statement);
     bool runOnGame(const ZBLMethodExp& statement);
-    bool evaluateCounter(const ZBLMethodExp& statement, const ZBLSimpleExp& operand, double& number);
+    bool failNoCounter(const ZBLMethodExp& statement);
     ZBSprite* resolve(const ZBLObjectExp& object, int line);
     bool afterMove(ZBSprite& sprite, int line);
     bool afterTurn(const ZBSprite& sprite, int line);

@@ -96,6 +96,8 @@ int ZBGraphic::frameIndex(std::int32_t frameNumber, double direction) const
         return (frameNumber / 3) % count;
     case GraphicKind::Rotating: {
         const double turn = std::fmod(roundHalfEven(direction / (360.0 / count)), count);
+        if (!std::isfinite(turn))
+            return 0;
         return static_cast<int>(turn < 0 ? turn + count : turn);
     }
     }
