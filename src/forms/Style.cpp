@@ -68,7 +68,7 @@ QPushButton, QToolButton {
     border: 2px solid @border; border-radius: 9px; padding: 5px 10px;
     background: qlineargradient(x1:0, y1:0, x2:0, y2:1, stop:0 @top, stop:1 @bottom);
 }
-QPushButton { min-width: 4em; }
+QPushButton { padding: 5px 16px; } /* no min-width here: it would take the place of what the caption needs */
 QPushButton:hover, QToolButton:hover { border-color: @hover; background: @lit; }
 QPushButton:pressed, QToolButton:pressed, QPushButton:checked, QToolButton:checked {
     border-color: @accent; background: @down;

@@ -31,8 +31,10 @@ QPixmap pictureOf(Desk& desk, std::string_view productPath, QSize size, Qt::Aspe
     const qreal scale = qGuiApp->devicePixelRatio();
     QImage image = forms::viewOf(*surface);
     const QSize wanted = image.size().scaled((QSizeF(size) * scale).toSize(), ratio);
-    if (image.size() != wanted)
-        image = image.scaled(wanted, Qt::IgnoreAspectRatio, modeFor(image.size(), wanted));
+    // Either way a copy: the surface goes away.
+    image = image.size() == wanted
+                ? image.copy()
+                : image.scaled(wanted, Qt::IgnoreAspectRatio, modeFor(image.size(), wanted));
     QPixmap picture = QPixmap::fromImage(image);
     picture.setDevicePixelRatio(scale);
     return picture;

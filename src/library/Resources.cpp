@@ -39,7 +39,7 @@ QListWidget* nameList(const char* name, const QString& accessibleName, QWidget* 
     list->setObjectName(QLatin1String(name));
     list->setAccessibleName(accessibleName);
     list->setTextElideMode(Qt::ElideMiddle);
-    list->setMinimumHeight(list->fontMetrics().lineSpacing() * 7);
+    list->setMinimumSize(list->fontMetrics().averageCharWidth() * 22, list->fontMetrics().lineSpacing() * 7);
     return list;
 }
 
@@ -51,7 +51,7 @@ void fill(QListWidget& list, const QStringList& names)
     list.clear();
     list.addItems(names);
     const auto still = static_cast<int>(names.indexOf(selected));
-    list.setCurrentRow(still >= 0 ? still : std::min(row, list.count() - 1));
+    list.setCurrentRow(still >= 0 ? still : std::clamp(row, 0, std::max(0, list.count() - 1)));
 }
 
 QLabel* heading(const QString& text, QWidget* parent)
@@ -89,7 +89,7 @@ void Resources::layOut()
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(16, 12, 16, 16);
     row->setSpacing(24);
-    row->addWidget(makeBackgrounds(), 3);
+    row->addWidget(makeBackgrounds());
     row->addWidget(makeSprites(), 1);
 
     connect(m_backgroundNames, &QListWidget::currentRowChanged, this, &Resources::nameSelected);

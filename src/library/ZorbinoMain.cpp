@@ -100,6 +100,7 @@ void ZorbinoMain::layOut()
     m_scrollbar->setAccessibleName(tr("First game shown"));
     m_scrollbar->setFocusPolicy(Qt::StrongFocus);
     m_scrollbar->setPageStep(tilesInView);
+    m_scrollbar->setFixedHeight(20);
     m_scrollbar->setEnabled(false);
     m_tempPic = new QLabel(this);
     m_tempPic->setObjectName(u"TempPic");
@@ -160,12 +161,12 @@ QWidget* ZorbinoMain::makeToolRow()
     auto* row = new QHBoxLayout(tools);
     row->setContentsMargins(12, 0, 12, 0);
     row->setSpacing(8);
-    row->addWidget(m_createButton, 0, Qt::AlignBottom);
-    row->addWidget(m_unPackButton, 0, Qt::AlignBottom);
-    row->addWidget(frame, 0, Qt::AlignBottom);
+    row->addWidget(m_createButton, 0, Qt::AlignVCenter);
+    row->addWidget(m_unPackButton, 0, Qt::AlignVCenter);
+    row->addWidget(frame, 0, Qt::AlignVCenter);
     row->addStretch();
-    row->addWidget(mapEditor, 0, Qt::AlignBottom);
-    row->addWidget(exit, 0, Qt::AlignBottom);
+    row->addWidget(mapEditor, 0, Qt::AlignVCenter);
+    row->addWidget(exit, 0, Qt::AlignVCenter);
     setTabOrder(mapEditor, exit);
     return tools;
 }
@@ -201,6 +202,8 @@ QFrame* ZorbinoMain::makeActionWindow()
                                         "palette(highlight); border-radius: 14px; }"));
     m_gamePicture = new TileArea("GamePicture", outerSize.width() / tilesInView, panel);
     m_gamePicture->setAccessibleName(tr("Picture of the game"));
+    m_gamePicture->setFixedSize(firstTileLeft + outerSize.width() / tilesInView,
+                                m_gamePicture->sizeHint().height());
     m_help = new QLabel(panel);
     m_help->setObjectName(u"Help");
     m_help->setWordWrap(true);
@@ -274,8 +277,8 @@ void ZorbinoMain::loadBackdrop()
     const bool first = QRandomGenerator::global()->generateDouble() > 0.5;
     const auto file = m_desk.installation().find(first ? "zbo\\zorbino1.jpg" : "zbo\\zorbino2.jpg");
     const auto surface = file ? m_desk.pictures().read(*file) : std::nullopt;
-    m_picture =
-        surface && !surface->isNull() ? QPixmap::fromImage(forms::viewOf(*surface)) : plainSky(outerSize);
+    m_picture = surface && !surface->isNull() ? QPixmap::fromImage(forms::viewOf(*surface).copy())
+                                              : plainSky(outerSize);
 }
 
 void ZorbinoMain::spreadBackdrop()
