@@ -115,8 +115,9 @@ bool parseBoxes(std::string_view list, TraceBoxes& boxes)
     }
 }
 
-/// The words of a call behind "zbl run GAME".
+/// The words of a call behind "zbl run": the game's folder and the options, in any order.
 struct RunWords {
+    std::string game;
     HeadlessOptions options;
     std::string keysFile;
     std::string pictureFile;
@@ -157,11 +158,13 @@ std::string parseWords(std::span<char*> words, RunWords& call)
             if (!value(call.pictureFile))
                 return "--picture takes the name of a file";
             call.options.wantsPicture = true;
+        } else if (call.game.empty() && !word.starts_with("-")) {
+            call.game = word;
         } else {
             return "I do not know the option " + word;
         }
     }
-    return {};
+    return call.game.empty() ? "zbl run takes the folder of a game" : "";
 }
 
 /// Fills in the game's title and author, empty where it has no properties.
@@ -175,7 +178,7 @@ void readProperties(const Installation& installation, const GamePlace& place, ZB
     module.CurrentGame.title = lines.size() > 1 ? lines[1] : std::string_view();
 }
 
-int run(const std::string& game, std::span<char*> words)
+int run(std::span<char*> words)
 {
     RunWords call;
     const std::string fault = parseWords(words, call);
@@ -192,11 +195,11 @@ int run(const std::string& game, std::span<char*> words)
             return complain("line " + std::to_string(badLine) + " of " + call.keysFile + " is no key line");
     }
 
-    const GamePlace place = placeOf(game);
+    const GamePlace place = placeOf(call.game);
     const Installation installation(place.installation);
     const auto text = installation.readText(place.gamesFolder + place.folder + "code.txt");
     if (!text)
-        return complain("cannot read the program of the game in " + game);
+        return complain("cannot read the program of the game in " + call.game);
     ZB module;
     readProperties(installation, place, module);
     QtPictures pictures;
@@ -236,7 +239,7 @@ int main(int argc, char** argv)
     if (command == "check" && argc == 3)
         return check(words[2]);
     if (command == "run" && argc >= 3)
-        return run(words[2], words.subspan(3));
+        return run(words.subspan(2));
     if (command == "play" && argc == 3)
         return play(argc, argv, words[2]);
     return complain("call me as \"zbl check FILE\", \"zbl run GAME\" or \"zbl play GAME\" (zbl --help tells more)");
