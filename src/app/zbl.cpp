@@ -149,8 +149,11 @@ std::string parseWords(std::span<char*> words, RunWords& call)
             if (!value(text) || !parseNumber(text, call.options.frames) || call.options.frames < 0)
                 return "--frames takes a whole number, 0 or more";
         } else if (word == "--seed") {
-            if (!value(text) || !parseNumber(text, call.options.seed))
-                return "--seed takes a whole number, 0 or more";
+            std::int64_t negative = 0; // any 64 bits will do
+            if (!value(text) || (!parseNumber(text, call.options.seed) && !parseNumber(text, negative)))
+                return "--seed takes a whole number";
+            if (negative < 0)
+                call.options.seed = static_cast<std::uint64_t>(negative);
         } else if (word == "--keys") {
             if (!value(call.keysFile))
                 return "--keys takes the name of a file";
