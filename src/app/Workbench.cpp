@@ -1,7 +1,6 @@
 #include "app/Workbench.h"
 
 #include "editor/CodeEditor.h"
-#include "forms/Forms.h"
 #include "library/Properties.h"
 #include "library/Resources.h"
 #include "library/Tracker.h"
@@ -52,13 +51,15 @@ Workbench::Workbench(std::filesystem::path root)
 
 Workbench::~Workbench()
 {
-    for (const auto& editor : std::as_const(m_spriteEditors))
+    for (const auto& editor : m_spriteEditors)
         delete editor.data();
     delete m_resources.data();
     delete m_properties.data();
     delete m_mapEditor.data();
     delete m_gameEditor.data();
     delete m_library.data();
+    QCoreApplication::sendPostedEvents(nullptr,
+                                       QEvent::DeferredDelete); // the code editor goes later than the rest
 }
 
 void Workbench::showTracker()
@@ -100,25 +101,25 @@ void Workbench::showResources()
 
 void Workbench::showSpriteEditor(const QString& graphicName)
 {
-    // Graphics that have no name yet are all different.
-    QPointer<QWidget> editor = graphicName.isEmpty() ? nullptr : m_spriteEditors.value(graphicName);
-    if (editor.isNull()) {
-        editor = new SpriteEditor(*this, graphicName);
-        editor->setAttribute(Qt::WA_DeleteOnClose);
-        const QString key =
-            graphicName.isEmpty() ? QStringLiteral("/%1").arg(m_spriteEditors.size()) : graphicName;
-        m_spriteEditors.insert(key, editor);
+    std::erase_if(m_spriteEditors, [](const auto& editor) { return editor.isNull(); });
+    for (const auto& editor : m_spriteEditors) {
+        if (!graphicName.isEmpty() && editor->graphicName().compare(graphicName, Qt::CaseInsensitive) == 0) {
+            bringUp(*editor);
+            return;
+        }
     }
+    auto* editor = new SpriteEditor(*this, graphicName);
+    editor->setAttribute(Qt::WA_DeleteOnClose);
+    m_spriteEditors.emplace_back(editor);
     bringUp(*editor);
 }
 
 bool Workbench::closeGameWindows()
 {
-    for (const auto& editor : std::as_const(m_spriteEditors)) {
+    for (const auto& editor : std::vector(m_spriteEditors)) {
         if (!shut(editor))
             return false; // it has asked about what is not saved
     }
-    m_spriteEditors.clear();
     return shut(m_properties) && shut(m_resources);
 }
 
@@ -130,7 +131,7 @@ CodeEditorForm* Workbench::createCodeEditor()
 void Workbench::gameTitleChanged()
 {
     if (m_gameEditor)
-        m_gameEditor->setWindowTitle(forms::fromUtf8(m_module.CurrentGame.title));
+        m_gameEditor->showTitle();
 }
 
 void Workbench::exitProgram()

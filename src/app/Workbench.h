@@ -3,15 +3,16 @@
 #include "forms/Desk.h"
 #include "platform/qt/QtPictures.h"
 
-#include <QHash>
 #include <QPointer>
 
 #include <memory>
+#include <vector>
 
 class GameEditor;
 class MapEditor;
 class Properties;
 class Resources;
+class SpriteEditor;
 class Tracker;
 class ZorbinoMain;
 
@@ -56,5 +57,5 @@ private:
     QPointer<MapEditor> m_mapEditor;
     QPointer<Properties> m_properties;
     QPointer<Resources> m_resources;
-    QHash<QString, QPointer<QWidget>> m_spriteEditors;
+    std::vector<QPointer<SpriteEditor>> m_spriteEditors;
 };

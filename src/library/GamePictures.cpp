@@ -3,6 +3,7 @@
 #include "forms/Desk.h"
 #include "forms/Forms.h"
 #include "runtime/GameFolders.h"
+#include "runtime/ZBGraphic.h"
 
 #include <QGuiApplication>
 #include <QPainter>
@@ -65,4 +66,32 @@ QPixmap iconOf(Desk& desk, const GameRecord& game)
     const auto path = findGameIcon(desk.installation(), game);
     const QPixmap icon = path ? pictureOf(desk, *path, size) : QPixmap();
     return icon.isNull() ? crossedBox(size) : icon;
+}
+
+QPixmap spriteOf(Desk& desk, const std::string& path, int side)
+{
+    const auto text = desk.installation().readText(path + ".spr");
+    const auto description = text ? GraphicDescription::fromText(*text) : std::nullopt;
+    const auto file = desk.installation().find(path + ".spb");
+    const auto sheet = description && file ? desk.pictures().read(*file) : std::nullopt;
+    if (!sheet)
+        return {};
+    const int width = description->frameWidth;
+    const int height = description->frameHeight;
+    if (width < 1 || height < 1 || width > sheet->width() / 2 || height > sheet->height())
+        return {};
+    QImage frame = forms::viewOf(*sheet).copy(0, 0, width, height).convertToFormat(QImage::Format_ARGB32);
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x) {
+            if (sheet->at(width + x, y) == white) // the mask, which stands beside the image
+                frame.setPixel(x, y, 0);
+        }
+    }
+    const QSize size(side, side);
+    if (width > side || height > side)
+        frame = frame.scaled(size, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    QPixmap centred(size);
+    centred.fill(Qt::transparent);
+    QPainter(&centred).drawImage((side - frame.width()) / 2, (side - frame.height()) / 2, frame);
+    return centred;
 }

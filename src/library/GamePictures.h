@@ -3,6 +3,7 @@
 #include <QPixmap>
 #include <QSize>
 
+#include <string>
 #include <string_view>
 
 class Desk;
@@ -21,3 +22,7 @@ QPixmap crossedBox(QSize size);
 
 /// The icon of a game; the crossed box where it has none that can be read.
 QPixmap iconOf(Desk& desk, const GameRecord& game);
+
+/// The first frame of a sprite graphic ("games\00000001\ball", without an ending), no larger than `side`; a
+/// null pixmap where its files cannot be read.
+QPixmap spriteOf(Desk& desk, const std::string& path, int side);

@@ -25,6 +25,8 @@ namespace
 {
 
 constexpr QSize previewSize(120, 90);
+constexpr int spriteSide = 32;
+constexpr int picturedSprites = 100; // the others are names only: a list of thousands must open as well
 constexpr std::array<std::string_view, 3> pictureKinds = {"*.bmp", "*.gif", "*.jpg"};
 
 bool isGameIcon(std::string_view name)
@@ -169,6 +171,7 @@ QWidget* Resources::makePreviews()
 
 QWidget* Resources::makeSprites()
 {
+    m_spriteNames->setIconSize(QSize(spriteSide, spriteSide));
     auto* part = new QWidget(this);
     auto* column = new QVBoxLayout(part);
     column->setContentsMargins(0, 0, 0, 0);
@@ -236,6 +239,12 @@ void Resources::ListSprites()
     for (const auto& name : m_desk.installation().listFiles(folder, "*.spr"))
         names += forms::fromUtf8(std::string_view(name).substr(0, name.size() - 4));
     fill(*m_spriteNames, names);
+    for (int row = 0; row < std::min(m_spriteNames->count(), picturedSprites); ++row) {
+        QListWidgetItem& item = *m_spriteNames->item(row);
+        const QPixmap picture = spriteOf(m_desk, gameFile(item.text()), spriteSide);
+        if (!picture.isNull())
+            item.setIcon(picture);
+    }
 }
 
 void Resources::nameSelected()

@@ -14,6 +14,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QPushButton>
 #include <QRandomGenerator>
@@ -29,7 +30,7 @@ namespace
 {
 
 constexpr QSize outerSize(600, 418);
-constexpr int pictureSide = 72;
+constexpr int pictureSide = 68;
 constexpr int iconsKept = 64;
 constexpr int headHeight = 92; // of the sky above the tray
 constexpr const char* helpProperty = "helpText";
@@ -107,6 +108,7 @@ void ZorbinoMain::layOut()
     m_tempPic->hide();
 
     auto* column = new QVBoxLayout(this);
+    column->setSizeConstraint(QLayout::SetNoConstraint); // the window has its size whatever the font
     column->setContentsMargins(0, 0, 0, 12);
     column->setSpacing(0);
     column->addWidget(label);
@@ -144,9 +146,12 @@ QWidget* ZorbinoMain::makeToolRow()
     m_specialButton = pictureButton("SpecialButton", "special", install, &ZorbinoMain::SpecialButton_Click);
     auto* exit = pictureButton("ExitButton", "exit", tr("Exit Zorbino"), &ZorbinoMain::ExitButton_Click);
 
-    auto* mapEditor = new QPushButton(tr("&Map Editor"), this);
+    auto* mapEditor = new QToolButton(this);
+    mapEditor->setText(tr("&Map Editor"));
+    mapEditor->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     forms::dressButton(*mapEditor, "LaunchMapEditor", "mapeditor", tr("Draw the map of a game"));
-    mapEditor->setIconSize(QSize(32, 32));
+    mapEditor->setIconSize(QSize(48, 48));
+    mapEditor->setFocusPolicy(Qt::StrongFocus);
     mapEditor->setCursor(Qt::PointingHandCursor);
     connect(mapEditor, &QAbstractButton::clicked, this, &ZorbinoMain::LaunchMapEditor_Click);
 
@@ -251,8 +256,12 @@ bool ZorbinoMain::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == m_tray && event->type() == QEvent::Wheel && m_scrollbar->isEnabled())
         return QCoreApplication::sendEvent(m_scrollbar, event);
-    if (watched != m_tray && event->type() == QEvent::MouseMove)
-        m_help->setText(watched->property(helpProperty).toString());
+    if (watched != m_tray && event->type() == QEvent::MouseMove) {
+        // A button passes its moves on to the panel behind it, which means only its bare places.
+        const auto* control = static_cast<QWidget*>(watched);
+        if (control->childAt(static_cast<QMouseEvent*>(event)->position().toPoint()) == nullptr)
+            m_help->setText(control->property(helpProperty).toString());
+    }
     return QWidget::eventFilter(watched, event);
 }
 

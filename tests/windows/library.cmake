@@ -1,0 +1,2 @@
+zb_window_test(LibraryTest LibraryTest.cpp LIBS zb_library_windows)
+zb_window_test(GameResourcesTest PropertiesTest.cpp ResourcesTest.cpp LIBS zb_library_windows)
