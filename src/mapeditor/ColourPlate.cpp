@@ -18,8 +18,8 @@ void ColourPlate::setFillColor(Pixel colour)
     m_colour = colour;
     const QString name =
         colour == transparent ? QStringLiteral("see-through") : QColor::fromRgb(colour).name();
-    setAccessibleName(QStringLiteral("The colour in use: ") + name);
-    setToolTip(QStringLiteral("You draw with this colour (%1)").arg(name));
+    setAccessibleName(QStringLiteral("The color in use: ") + name);
+    setToolTip(QStringLiteral("You draw with this color (%1)").arg(name));
     update();
 }
 

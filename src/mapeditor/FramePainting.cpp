@@ -32,7 +32,7 @@ void drawCheckerboard(QPainter& painter, const QRect& area, int side)
 void drawFrame(QPainter& painter, const QRect& area, const Surface& frame)
 {
     const int zoom = std::max(1, area.width() / std::max(1, frame.width()));
-    drawCheckerboard(painter, area, std::clamp(zoom / 2, 2, 8));
+    drawCheckerboard(painter, area, std::clamp(zoom / 2, 2, 16));
     painter.drawImage(area, imageOfFrame(frame));
 }
 

@@ -78,6 +78,7 @@ MapEditor::MapEditor(Desk& desk)
     connect(m_display, &MapDisplay::mouseMove, this, &MapEditor::Display_MouseMove);
     connect(m_display, &MapDisplay::mouseUp, this, &MapEditor::Display_MouseUp);
     connect(m_display, &MapDisplay::mouseLeft, m_canvas, [this] { m_canvas->setMarked(-1, -1); });
+    resize(sizeHint()); // the display as large as in the game, also on a small screen
     Form_Load();
 }
 
@@ -136,8 +137,7 @@ QFrame* MapEditor::makeNewMapPanel(QWidget* parent)
     panel->setObjectName(u"NewMap"_s);
     panel->setFrameStyle(QFrame::StyledPanel | QFrame::Raised);
     panel->setAutoFillBackground(true);
-    auto* const question = new QLabel(u"How many &squares shall the new map have?"_s, panel);
-    question->setWordWrap(true);
+    auto* const question = new QLabel(u"How many &squares for the new map?"_s, panel);
     m_sizes = new QComboBox(panel);
     m_sizes->setObjectName(u"MapSizeBox"_s);
     m_sizes->setAccessibleName(u"Squares of the new map"_s);
@@ -342,10 +342,10 @@ void MapEditor::Display_MouseMove(int x, int y)
     m_canvas->setMarked(isOn ? column : -1, isOn ? row : -1);
     if (!mouseDown)
         return; // nothing has changed: the picture would be the same
-    drawStroke(column, row);
+    if (drawStroke(column, row))
+        RedrawMap();
     lastColumn = column;
     lastRow = row;
-    RedrawMap();
 }
 
 void MapEditor::Display_MouseUp()
@@ -354,26 +354,26 @@ void MapEditor::Display_MouseUp()
 }
 
 /// Paints from the last square to this one without gaps.
-void MapEditor::drawStroke(int column, int row)
+bool MapEditor::drawStroke(int column, int row)
 {
-    if (lastColumn == -1) {
-        drawOn(column, row);
-        return;
-    }
+    if (lastColumn == -1)
+        return drawOn(column, row);
+    bool changed = false;
     const double distance = std::hypot(lastColumn - column, lastRow - row);
     double x = lastColumn;
     double y = lastRow;
     for (int k = 0; distance > 0 && k <= distance; ++k) {
-        drawOn(roundToInt(x), roundToInt(y));
+        changed |= drawOn(roundToInt(x), roundToInt(y));
         x += (column - lastColumn) / distance;
         y += (row - lastRow) / distance;
     }
+    return changed;
 }
 
-void MapEditor::drawOn(int column, int row)
+bool MapEditor::drawOn(int column, int row)
 {
     if (column < 0 || row < 0 || column >= m_map.columns || row >= m_map.rows)
-        return;
+        return false;
     const int index = row * m_map.columns + column;
     const MapSquare before = m_map.square(index);
     if (!m_delete->isChecked())
@@ -382,10 +382,13 @@ void MapEditor::drawOn(int column, int row)
         m_map.set_offset(index, currentColor, false);
     else
         m_map.set_offset_all(index, false);
-    if (!m_squaresModified && !m_map.square(index).Same(before)) {
+    if (m_map.square(index).Same(before))
+        return false;
+    if (!m_squaresModified) {
         m_squaresModified = true;
         showTitle();
     }
+    return true;
 }
 
 // Files.

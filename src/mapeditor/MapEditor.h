@@ -57,8 +57,9 @@ private:
     QFrame* makeNewMapPanel(QWidget* parent);
     QWidget* makeSide();
 
-    void drawOn(int column, int row);
-    void drawStroke(int column, int row);
+    /// Paints one square; false where that changed nothing.
+    bool drawOn(int column, int row);
+    bool drawStroke(int column, int row);
     void RedrawMap();
     bool loadBackground(const QString& name);
     void scaleBackground();

@@ -48,7 +48,7 @@ PaletteView::PaletteView(QWidget* parent)
     : QWidget(parent)
 {
     setObjectName(QStringLiteral("Palettep"));
-    setAccessibleName(QStringLiteral("Colours"));
+    setAccessibleName(QStringLiteral("Colors"));
     setFixedSize(columns * cell, rows * cell);
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::PointingHandCursor);
@@ -137,7 +137,7 @@ bool PaletteView::event(QEvent* event)
         const bool isFirst = indexAt(QPointF(help->pos())) == 0;
         QToolTip::showText(help->globalPos(),
                            isFirst ? QStringLiteral("See-through: what is behind shows")
-                                   : QStringLiteral("Click a colour to draw with it"),
+                                   : QStringLiteral("Click a color to draw with it"),
                            this);
         return true;
     }

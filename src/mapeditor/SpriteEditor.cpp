@@ -73,6 +73,7 @@ struct SpriteEditor::Command {
 
 SpriteEditor::SpriteEditor(Desk& desk, const QString& graphicName)
     : m_desk(desk)
+    , m_folder("games\\" + desk.module().CurrentGame.folder)
 {
     setObjectName(u"SpriteEditor"_s);
     setWindowTitle(u"Zorbino Sprite Editor"_s);
@@ -97,6 +98,7 @@ SpriteEditor::SpriteEditor(Desk& desk, const QString& graphicName)
     m_nameLabel->setObjectName(u"SpriteName"_s);
     m_position = new QLabel(this);
     m_position->setObjectName(u"Position"_s);
+    statusBar()->setContentsMargins(8, 0, 8, 0);
     statusBar()->addWidget(m_nameLabel, 1);
     statusBar()->addPermanentWidget(m_position);
 
@@ -108,8 +110,14 @@ SpriteEditor::SpriteEditor(Desk& desk, const QString& graphicName)
     connectModel();
     setTool(PencilTool);
     setSwatch(firstColour);
-    resize(960, 760);
+    resize(960, 720);
+    m_currentFrame->setFocus();
     Form_Load(graphicName);
+}
+
+SpriteEditor::~SpriteEditor()
+{
+    m_currentFrame->disconnect(this); // it loses the focus when there is no editor any more
 }
 
 void SpriteEditor::makeCommands()
@@ -125,7 +133,7 @@ void SpriteEditor::makeCommands()
         {"Redo",           "redo",        u"&Redo",                u"Redo",      u"Do it again", u"Ctrl+Y", [](SpriteEditor& e) { e.m_model.redo(); e.refresh(); }},
         {"PointerTool",    "pointer",     u"P&ointer",             u"Pointer",   u"Point and measure, without drawing", u"Ctrl+1", [](SpriteEditor& e) { e.setTool(SpriteEditor::PointerTool); }},
         {"PencilTool",     "pencil",      u"&Pencil",              u"Pencil",    u"Draw with the pencil", u"Ctrl+2", [](SpriteEditor& e) { e.setTool(SpriteEditor::PencilTool); }},
-        {"FillTool",       "fill",        u"&Fill",                u"Fill",      u"Fill a shape that has an outline in your colour", u"Ctrl+3", [](SpriteEditor& e) { e.setTool(SpriteEditor::FillTool); }},
+        {"FillTool",       "fill",        u"&Fill",                u"Fill",      u"Fill a shape that has an outline in your color", u"Ctrl+3", [](SpriteEditor& e) { e.setTool(SpriteEditor::FillTool); }},
         {"AddFrame",       "add",         u"&Add Frame",           u"Add",       u"Add an empty frame", u"Ctrl+Insert", [](SpriteEditor& e) { e.m_model.addFrame(); e.refresh(); }},
         {"DuplicateFrame", "duplicate",   u"&Duplicate Frame",     u"Duplicate", u"Add a copy of this frame", u"Ctrl+D", [](SpriteEditor& e) { e.m_model.duplicateFrame(); e.refresh(); }},
         {"DeleteFrame",    "remove",      u"D&elete Frame",        u"Delete",    u"Delete this frame", u"Ctrl+Del", [](SpriteEditor& e) { e.m_model.removeFrame(); e.refresh(); }},
@@ -193,12 +201,12 @@ QWidget* SpriteEditor::makeColours()
     auto* const layout = new QVBoxLayout(panel);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(8);
-    auto* const title = new QLabel(u"&Colours"_s, panel);
+    auto* const title = new QLabel(u"&Colors"_s, panel);
     m_swatch = new ColourPlate("Swatch", panel);
     m_palette = new PaletteView(panel);
     title->setBuddy(m_palette);
     auto* const more = new QPushButton(u"&More..."_s, panel);
-    forms::dressButton(*more, "MoreColours", "palette", u"Choose any colour you like"_s);
+    forms::dressButton(*more, "MoreColours", "palette", u"Choose any color you like"_s);
     connect(more, &QPushButton::clicked, this, &SpriteEditor::moreColours);
     layout->addWidget(title);
     layout->addWidget(m_swatch);
@@ -337,16 +345,11 @@ void SpriteEditor::connectModel()
     connect(m_height, &QSpinBox::valueChanged, this, &SpriteEditor::setFrameSize);
 }
 
-std::string SpriteEditor::folder()
-{
-    return "games\\" + m_desk.module().CurrentGame.folder;
-}
-
 void SpriteEditor::Form_Load(const QString& graphicName)
 {
     if (!graphicName.isEmpty()) {
         SpriteModel loaded;
-        const SpriteLoad result = loadSprite(m_desk.installation(), m_desk.pictures(), folder(),
+        const SpriteLoad result = loadSprite(m_desk.installation(), m_desk.pictures(), m_folder,
                                              forms::toUtf8(graphicName), loaded);
         if (result == SpriteLoad::Done) {
             m_model = std::move(loaded);
@@ -441,7 +444,7 @@ void SpriteEditor::moreColours()
 {
     const Pixel now = m_swatch->fillColor();
     QColorDialog dialog(now == transparent ? QColor(Qt::white) : QColor::fromRgb(now), this);
-    dialog.setWindowTitle(u"Choose a colour"_s);
+    dialog.setWindowTitle(u"Choose a color"_s);
     dialog.setOption(QColorDialog::DontUseNativeDialog);
     if (dialog.exec() == QDialog::Accepted)
         setSwatch(dialog.selectedColor().rgb() | opaqueBits);
@@ -479,7 +482,7 @@ void SpriteEditor::openSprite()
     if (!mayClose())
         return;
     m_discardAllowed = false; // the list of sprites may still be cancelled
-    const auto name = chooseSprite(this, m_desk.installation(), m_desk.pictures(), folder());
+    const auto name = chooseSprite(this, m_desk.installation(), m_desk.pictures(), m_folder);
     if (name)
         openNamed(*name);
 }
@@ -487,7 +490,7 @@ void SpriteEditor::openSprite()
 bool SpriteEditor::openNamed(const QString& name)
 {
     const SpriteLoad result =
-        loadSprite(m_desk.installation(), m_desk.pictures(), folder(), forms::toUtf8(name), m_model);
+        loadSprite(m_desk.installation(), m_desk.pictures(), m_folder, forms::toUtf8(name), m_model);
     if (result != SpriteLoad::Done) {
         forms::tell(this, loadMessage(result, name));
         return false;
@@ -516,7 +519,7 @@ bool SpriteEditor::saveSpriteAs()
             continue;
         }
         const bool isOther =
-            name != m_name && spriteExists(m_desk.installation(), folder(), forms::toUtf8(name));
+            name != m_name && spriteExists(m_desk.installation(), m_folder, forms::toUtf8(name));
         if (!isOther || forms::askOk(this, u"Save Sprite"_s,
                                      u"There is a sprite named %1 already. Shall I replace it?"_s.arg(name)))
             return saveAs(name);
@@ -526,7 +529,7 @@ bool SpriteEditor::saveSpriteAs()
 
 bool SpriteEditor::saveAs(const QString& name)
 {
-    if (!::saveSprite(m_desk.installation(), folder(), forms::toUtf8(name), m_model)) {
+    if (!::saveSprite(m_desk.installation(), m_folder, forms::toUtf8(name), m_model)) {
         forms::tell(this,
                     u"I could not save the sprite %1. Maybe the disk is full, or I am not allowed to write "
                     "there. Your sprite is still here in this window."_s.arg(name));

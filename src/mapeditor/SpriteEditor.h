@@ -5,6 +5,8 @@
 
 #include <QMainWindow>
 
+#include <string>
+
 class ColourPlate;
 class FrameView;
 class PaletteView;
@@ -25,6 +27,7 @@ class SpriteEditor : public QMainWindow
 public:
     /// An empty name starts a new graphic.
     SpriteEditor(Desk& desk, const QString& graphicName);
+    ~SpriteEditor() override;
 
     /// Asks what to do with unsaved work; false where the user wants to stay.
     bool mayClose();
@@ -68,7 +71,6 @@ private:
     bool saveSpriteAs();
     bool saveAs(const QString& name);
     bool openNamed(const QString& name);
-    std::string folder();
     void moreColours();
     void setTool(int chosen);
     void setSwatch(Pixel colour);
@@ -85,6 +87,7 @@ private:
     void showPosition(int x, int y);
 
     Desk& m_desk;
+    std::string m_folder; ///< of the game that this window was opened for
     SpriteModel m_model;
     QString m_name;
     bool m_discardAllowed = false; ///< the user has said that unsaved work may go
