@@ -209,6 +209,7 @@ bool CodeEditor::LoadFile(const QString& productPath)
         return false;
     }
     m_history.setText(loaded);
+    placeCursor(0);
     m_desk.LogProgress(QStringLiteral("CodeEditor.LoadFile: loaded into CodeView"));
     show();
     setWindowTitle(fileNamePart(path));

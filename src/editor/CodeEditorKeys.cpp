@@ -273,6 +273,8 @@ void CodeEditor::FindNext()
     }
     const QPointer<CodeEditor> self(this);
     forms::tell(this, QStringLiteral("Search string not found!"));
-    if (!self.isNull() && m_MinibufferMode == MinibufferMode::Search)
-        m_bars->Minibuffer()->setFocus();
+    if (self.isNull() || m_MinibufferMode != MinibufferMode::Search)
+        return;
+    activateWindow();
+    m_bars->Minibuffer()->setFocus();
 }

@@ -34,7 +34,6 @@ public:
 
     /// The selected text, lines separated by '\n'.
     QString selectedText() const;
-    using QPlainTextEdit::insertFromMimeData;
 
 protected:
     bool event(QEvent* event) override;

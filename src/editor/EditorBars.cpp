@@ -189,11 +189,12 @@ void EditorBars::measure()
 void EditorBars::placePrompt()
 {
     const QFontMetrics metrics(m_ShowStatus->font());
-    const int left =
-        std::max(minibufferPlace.x(), metrics.horizontalAdvance(QStringLiteral("Search For:")) + 2 * gap);
-    const int hint = gap + metrics.horizontalAdvance(longestCaption());
+    const int text = minibufferPlace.y();
+    const int caption = metrics.horizontalAdvance(QStringLiteral("Search For:"));
+    const int left = std::max(minibufferPlace.x(), text + caption + text); // larger fonts need more
+    const int hint = text + metrics.horizontalAdvance(longestCaption());
     const int height = m_Minibuffer->sizeHint().height();
     m_Minibuffer->setGeometry(left, minibufferPlace.y(), std::max(hint - gap - left, left), height);
-    m_ShowStatus->setGeometry(gap, minibufferPlace.y(),
-                              std::max(width() - m_ShowCursorPos->width() - 2 * gap, left), height);
+    m_ShowStatus->setGeometry(text, minibufferPlace.y(),
+                              std::max(width() - m_ShowCursorPos->width() - gap, left), height);
 }
