@@ -3,6 +3,7 @@
 #include "mapeditor/FramePainting.h"
 
 #include <QContextMenuEvent>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -40,6 +41,13 @@ void FrameView::paintEvent(QPaintEvent* /*event*/)
     QPainter painter(this);
     drawFrame(painter, rect(), *m_frame);
     const int zoom = width() / std::max(1, m_frame->width());
+    if (m_cursorShown && hasFocus()) {
+        const QRect place(m_cursor * zoom, QSize(zoom, zoom));
+        painter.setPen(QPen(Qt::white, 3));
+        painter.drawRect(place);
+        painter.setPen(QPen(Qt::black, 1));
+        painter.drawRect(place);
+    }
     if (zoom < smallestZoomWithGrid)
         return;
     painter.setPen(QPen(QColor(90, 105, 130, 60), 0));
@@ -62,6 +70,7 @@ QPoint FrameView::framePoint(const QMouseEvent& event) const
 
 void FrameView::mousePressEvent(QMouseEvent* event)
 {
+    m_cursorShown = false;
     const QPoint point = framePoint(*event);
     Q_EMIT mouseDown(event->buttons(), event->modifiers(), point.x(), point.y());
 }
@@ -86,5 +95,46 @@ void FrameView::contextMenuEvent(QContextMenuEvent* event)
 void FrameView::focusOutEvent(QFocusEvent* event)
 {
     QWidget::focusOutEvent(event);
+    m_spacePressed = false;
     Q_EMIT lostFocus();
+}
+
+void FrameView::keyPressEvent(QKeyEvent* event)
+{
+    struct Step {
+        int key, x, y;
+    };
+    static constexpr Step steps[] = {
+        {Qt::Key_Left, -1, 0}, {Qt::Key_Right, 1, 0}, {Qt::Key_Up, 0, -1}, {Qt::Key_Down, 0, 1}};
+    const auto* const step = std::find_if(std::begin(steps), std::end(steps),
+                                          [event](const Step& s) { return s.key == event->key(); });
+    const bool isSpace = event->key() == Qt::Key_Space;
+    if (m_frame == nullptr || (step == std::end(steps) && !isSpace)) {
+        QWidget::keyPressEvent(event);
+        return;
+    }
+    const bool isStroke = m_spacePressed || isSpace;
+    const bool begins = isSpace && !m_spacePressed;
+    if (!isSpace)
+        m_cursor += QPoint(step->x, step->y);
+    m_cursor = {std::clamp(m_cursor.x(), 0, m_frame->width() - 1),
+                std::clamp(m_cursor.y(), 0, m_frame->height() - 1)};
+    m_cursorShown = true;
+    m_spacePressed = isStroke;
+    update();
+    const Qt::MouseButtons buttons = isStroke ? Qt::LeftButton : Qt::NoButton;
+    if (begins)
+        Q_EMIT mouseDown(buttons, event->modifiers(), m_cursor.x(), m_cursor.y());
+    else
+        Q_EMIT mouseMove(buttons, event->modifiers(), m_cursor.x(), m_cursor.y());
+}
+
+void FrameView::keyReleaseEvent(QKeyEvent* event)
+{
+    if (event->key() != Qt::Key_Space || event->isAutoRepeat()) {
+        QWidget::keyReleaseEvent(event);
+        return;
+    }
+    m_spacePressed = false;
+    Q_EMIT mouseUp(Qt::NoButton, event->modifiers(), m_cursor.x(), m_cursor.y());
 }

@@ -28,9 +28,14 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override { mousePressEvent(event); }
     void contextMenuEvent(QContextMenuEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
 
 private:
     QPoint framePoint(const QMouseEvent& event) const;
 
     const Surface* m_frame = nullptr;
+    QPoint m_cursor;            ///< of the keyboard
+    bool m_cursorShown = false; ///< the keyboard was used last
+    bool m_spacePressed = false;
 };

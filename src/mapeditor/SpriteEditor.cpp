@@ -58,6 +58,39 @@ QString loadMessage(SpriteLoad result, const QString& name)
     }
 }
 
+QLabel* decoration(QWidget* parent, const char* name, const char* iconName, QSize size)
+{
+    auto* const label = new QLabel(parent);
+    label->setObjectName(QLatin1StringView(name));
+    label->setPixmap(forms::icon(iconName).pixmap(size, label->devicePixelRatioF()));
+    label->setAlignment(Qt::AlignCenter);
+    return label;
+}
+
+constexpr std::array<const char16_t*, 3> hints = {
+    u"A simple sprite shows its first frame.",
+    u"An animated sprite shows its frames one after the other.",
+    u"A rotating sprite turns with its direction: frame 1 looks right, the others go round by up and left.",
+};
+
+/// A label as high as the longest hint needs, so that nothing moves when the kind changes.
+QLabel* hintLabel(QWidget* parent)
+{
+    auto* const label = new QLabel(parent);
+    label->setObjectName(u"KindHint"_s);
+    label->setWordWrap(true);
+    label->setAlignment(Qt::AlignTop);
+    const int width = std::max(184, label->fontMetrics().averageCharWidth() * 24);
+    int height = 0;
+    for (const char16_t* hint : hints)
+        height =
+            std::max(height, label->fontMetrics()
+                                 .boundingRect(0, 0, width, 9999, Qt::TextWordWrap, QString::fromUtf16(hint))
+                                 .height());
+    label->setFixedSize(width, height + 4);
+    return label;
+}
+
 } // namespace
 
 /// One thing that the user can ask for: in a menu, on the toolbar or on a button.
@@ -110,7 +143,7 @@ SpriteEditor::SpriteEditor(Desk& desk, const QString& graphicName)
     connectModel();
     setTool(PencilTool);
     setSwatch(firstColour);
-    resize(960, 720);
+    resize(960, 736);
     m_currentFrame->setFocus();
     Form_Load(graphicName);
 }
@@ -213,6 +246,7 @@ QWidget* SpriteEditor::makeColours()
     layout->addWidget(m_palette, 0, Qt::AlignHCenter);
     layout->addWidget(more);
     layout->addStretch(1);
+    layout->addWidget(decoration(panel, "Picture1", "sprite", QSize(64, 64)));
     return panel;
 }
 
@@ -233,14 +267,7 @@ QWidget* SpriteEditor::makeSide()
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(8);
 
-    const auto decoration = [panel](const char* name, const char* iconName, QSize size) {
-        auto* const label = new QLabel(panel);
-        label->setObjectName(QLatin1StringView(name));
-        label->setPixmap(forms::icon(iconName).pixmap(size, label->devicePixelRatioF()));
-        label->setAlignment(Qt::AlignCenter);
-        return label;
-    };
-    layout->addWidget(decoration("Logo", "logo", QSize(176, 64)));
+    layout->addWidget(decoration(panel, "Logo", "logo", QSize(176, 64)));
 
     auto* const previewTitle = new QLabel(u"In the game"_s, panel);
     m_preview = new QLabel(panel);
@@ -274,14 +301,9 @@ QWidget* SpriteEditor::makeSide()
     form->addRow(u"&Height"_s, m_height);
     layout->addLayout(form);
 
-    m_hint = new QLabel(panel);
-    m_hint->setObjectName(u"KindHint"_s);
-    m_hint->setWordWrap(true);
-    m_hint->setFixedWidth(184);
-    m_hint->setAlignment(Qt::AlignTop);
+    m_hint = hintLabel(panel);
     layout->addWidget(m_hint);
     layout->addStretch(1);
-    layout->addWidget(decoration("Picture1", "sprite", QSize(64, 64)));
     return panel;
 }
 
@@ -611,14 +633,7 @@ void SpriteEditor::refreshPixels()
 
 void SpriteEditor::refreshState()
 {
-    static constexpr const char16_t* hints[] = {
-        u"A simple sprite shows its first frame.",
-        u"An animated sprite shows its frames one after the other.",
-        u"A rotating sprite shows the frame for its direction: the first one looks to the right, the others "
-        u"go round "
-        u"anticlockwise.",
-    };
-    m_hint->setText(QString::fromUtf16(hints[static_cast<int>(m_model.kind()) - 1]));
+    m_hint->setText(QString::fromUtf16(hints[static_cast<std::size_t>(m_model.kind()) - 1]));
     const bool isModified = m_model.isModified();
     const QString name = m_name.isEmpty() ? u"New sprite"_s : u"Sprite \"%1\""_s.arg(m_name);
     m_nameLabel->setText(isModified ? name + u", not saved yet"_s : name);

@@ -13,7 +13,7 @@
 namespace
 {
 
-constexpr int side = 68;
+constexpr int side = 60;
 constexpr int gap = 10;
 constexpr int margin = 6;
 

@@ -133,6 +133,23 @@ TEST_F(SpriteEditorTest, EndsAStrokeWhenTheFocusGoes)
     EXPECT_EQ(drawn(), 2);
 }
 
+TEST_F(SpriteEditorTest, DrawsWithTheKeyboard)
+{
+    frame().setFocus();
+    for (const int key : {Qt::Key_Up, Qt::Key_Right, Qt::Key_Down}) // up leads nowhere
+        QTest::keyClick(&frame(), static_cast<Qt::Key>(key));
+    EXPECT_EQ(drawn(), 0);
+    QTest::keyPress(&frame(), Qt::Key_Space);
+    for (int step = 0; step < 3; ++step)
+        QTest::keyClick(&frame(), Qt::Key_Right);
+    QTest::keyRelease(&frame(), Qt::Key_Space);
+    QTest::keyClick(&frame(), Qt::Key_Down);
+    EXPECT_EQ(drawn(), 4);
+    EXPECT_NE(model().pixel(4, 1), transparent);
+    run("Undo");
+    EXPECT_EQ(drawn(), 0);
+}
+
 TEST_F(SpriteEditorTest, PicksColoursFromTheFrame)
 {
     pick(red);
