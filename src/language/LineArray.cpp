@@ -29,20 +29,25 @@ LineArray::LineArray(std::string_view text)
 void LineArray::cutIntoLines()
 {
     m_lines.reserve(static_cast<std::size_t>(std::ranges::count(m_text, '\n')));
-    char* const begin = m_text.data();
-    const std::string_view all = m_text;
-    for (std::size_t start = 0; start < all.size();) {
-        const std::size_t end = all.find("\r\n", start); // there is one behind every line
-        std::string_view line = all.substr(start, end - start);
-        line = trimSpaces(line.substr(0, line.find(';')));
+    char* at = m_text.data();
+    const char* const end = at + m_text.size();
+    // One look at every character; a line end stands behind each line.
+    while (at != end) {
+        const char* const start = at;
+        const char* codeEnd = nullptr; // where the comment begins
         bool ascii = true;
-        for (char* c = begin + (line.data() - begin); c != line.data() + line.size(); ++c) {
-            ascii = ascii && static_cast<unsigned char>(*c) < 0x80;
-            if (*c >= 'A' && *c <= 'Z')
-                *c = static_cast<char>(*c - 'A' + 'a');
+        for (; !(at[0] == '\r' && at[1] == '\n'); ++at) {
+            const char c = *at;
+            if (c >= 'A' && c <= 'Z')
+                *at = static_cast<char>(c - 'A' + 'a');
+            else if (c == ';' && !codeEnd)
+                codeEnd = at;
+            else if (static_cast<unsigned char>(c) >= 0x80)
+                ascii = false;
         }
+        const std::string_view line = trimSpaces({start, static_cast<std::size_t>((codeEnd ? codeEnd : at) - start)});
         m_lines.push_back(ascii ? line : std::string_view(m_foreign.emplace_back(lowerCase(line))));
-        start = end + 2;
+        at += 2;
     }
 }
 

@@ -20,8 +20,8 @@ public:
 private:
     struct Slots {
         std::vector<Text> names;
-        std::unordered_map<Text, std::int32_t> slotOf;
-        std::int32_t slot(Text name);
+        std::unordered_map<std::string_view, std::int32_t> slotOf;
+        std::int32_t slot(std::string_view name, TextPool& pool);
     };
     Slots m_counters;
     Slots m_texts;

@@ -1,9 +1,16 @@
 #include "language/ZBParse.h"
 
+#include <array>
+
 namespace
 {
 
-constexpr std::string_view separators = "{}\t\n\r ";
+constexpr auto isSeparator = [] {
+    std::array<bool, 256> table{};
+    for (const char c : {'{', '}', '\t', '\n', '\r', ' '})
+        table[static_cast<unsigned char>(c)] = true;
+    return table;
+}();
 
 std::string_view firstWord(std::string_view line, std::size_t position)
 {
@@ -42,12 +49,12 @@ bool startsWith(std::string_view text, std::string_view prefix) { return text.st
 
 std::string_view nextWord(std::string_view text, std::size_t& position)
 {
-    const std::size_t first = text.find_first_not_of(separators, position);
-    if (first == std::string_view::npos) {
-        position = text.size();
-        return {};
-    }
-    position = std::min(text.find_first_of(separators, first), text.size());
+    const auto separates = [&](std::size_t at) { return isSeparator[static_cast<unsigned char>(text[at])]; };
+    while (position < text.size() && separates(position))
+        ++position;
+    const std::size_t first = position;
+    while (position < text.size() && !separates(position))
+        ++position;
     return text.substr(first, position - first);
 }
 

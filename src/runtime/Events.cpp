@@ -38,7 +38,7 @@ bool ZBContext::FireEvent()
         return fail("[Internal Error!] Unable to fire event " + className + "." + std::string(name), 1);
     }
     const SequenceCode& block = owner->events[static_cast<std::size_t>(event.eventName)];
-    if (block.isEmpty)
+    if (block.isEmpty())
         return true;
 
     ZBSprite& me = m_run.sprites[static_cast<std::size_t>(event.meIndex)];

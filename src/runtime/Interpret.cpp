@@ -65,8 +65,7 @@ bool ZBContext::Interpret(const SequenceCode& code)
     // Boxes are ticked and the step mode is switched between blocks or while an announced statement waits, so that the
     // choice holds for the whole block.
     const bool isTraced = m_interpreter.mustAnnounce();
-    const StepList& list = isTraced ? code.traced : code.quick;
-    const Step* const first = list.steps.data();
+    const Step* const first = isTraced ? code.traced() : code.quick();
     const Step* step = first;
     double* const counters = m_run.variables.counters.data();
     Text* const texts = m_run.variables.texts.data();
@@ -246,7 +245,7 @@ setState:
     m_run.nextState = static_cast<const ZBLSetStateExp&>(*step->statement).stateName();
     NEXT;
 pause:
-    runPause(static_cast<const ZBLDebugExp&>(*step->statement), isTraced ? 0 : list.depth[step - first]);
+    runPause(static_cast<const ZBLDebugExp&>(*step->statement), isTraced ? 0 : code.depthAt(step->line));
     goto failed;
 
 failedTest:
@@ -255,7 +254,7 @@ failed:
     // An if whose block failed is still ended in the trace; one whose test failed is not. In the quick form the ifs
     // around never began, so only such a test leaves its mark.
     if (isTraced) {
-        for (std::int32_t around = list.depth[step - first]; around > 0; --around)
+        for (int around = code.depthAt(step->line); around > 0; --around)
             m_interpreter.TraceIfEnd();
     } else if (isTest) {
         m_interpreter.TraceIfBegin();

@@ -138,8 +138,10 @@ class Compiler
 public:
     explicit Compiler(Form form) : m_form(form) {}
 
-    StepList compile(const ZBLExp& sequence)
+    std::vector<Step> compile(const ZBLExp& sequence)
     {
+        // Every item is one step, with an announcement where it is traced, and there is the end.
+        m_steps.reserve(sequence.items().size() * (m_form == Form::Traced ? 2 : 1) + 1);
         for (const ZBLExp::Item& item : sequence.items()) {
             switch (item.role) {
             case ZBLExp::Item::Role::Statement:
@@ -155,7 +157,7 @@ public:
         }
         add(Step());
         shortenJumps();
-        return std::move(m_list);
+        return std::move(m_steps);
     }
 
 private:
@@ -165,13 +167,9 @@ private:
         std::size_t leaveThen = 0; ///< the jump from the end of the then-block, 0 where there is no else
     };
 
-    void add(const Step& step)
-    {
-        m_list.steps.push_back(step);
-        m_list.depth.push_back(static_cast<std::int32_t>(m_open.size()));
-    }
+    void add(const Step& step) { m_steps.push_back(step); }
 
-    std::int32_t next() const { return static_cast<std::int32_t>(m_list.steps.size()); }
+    std::int32_t next() const { return static_cast<std::int32_t>(m_steps.size()); }
 
     void addStatement(const ZBLStatement& statement)
     {
@@ -182,24 +180,24 @@ private:
             add(statementStep(isIf ? Op::AnnounceIf : Op::Announce, statement));
         add(stepOf(statement));
         if (isIf)
-            m_open.push_back({m_list.steps.size() - 1});
+            m_open.push_back({m_steps.size() - 1});
     }
 
     void addElse()
     {
         OpenIf& open = m_open.back();
-        open.leaveThen = m_list.steps.size();
+        open.leaveThen = m_steps.size();
         Step leave;
         leave.op = Op::Jump;
         add(leave);
-        m_list.steps[open.test].jump = next();
+        m_steps[open.test].jump = next();
     }
 
     void addEndIf()
     {
         const OpenIf open = m_open.back();
         m_open.pop_back();
-        m_list.steps[open.leaveThen != 0 ? open.leaveThen : open.test].jump = next();
+        m_steps[open.leaveThen != 0 ? open.leaveThen : open.test].jump = next();
         if (m_form == Form::Traced) {
             Step end;
             end.op = Op::EndIf;
@@ -210,31 +208,47 @@ private:
     /// A jump to a jump goes straight to where that leads.
     void shortenJumps()
     {
-        auto& steps = m_list.steps;
-        for (std::size_t i = steps.size(); i-- > 0;) { // backwards: later jumps are short already
-            Step& step = steps[i];
-            if (step.jump != 0 && steps[static_cast<std::size_t>(step.jump)].op == Op::Jump)
-                step.jump = steps[static_cast<std::size_t>(step.jump)].jump;
+        for (std::size_t i = m_steps.size(); i-- > 0;) { // backwards: later jumps are short already
+            Step& step = m_steps[i];
+            if (step.jump != 0 && m_steps[static_cast<std::size_t>(step.jump)].op == Op::Jump)
+                step.jump = m_steps[static_cast<std::size_t>(step.jump)].jump;
         }
     }
 
     Form m_form;
-    StepList m_list;
+    std::vector<Step> m_steps;
     std::vector<OpenIf> m_open;
 };
 
-SequenceCode codeOf(const ZBLExp& sequence)
+} // namespace
+
+SequenceCode::SequenceCode(const ZBLExp& source) : m_source(&source)
 {
-    SequenceCode code;
-    code.isEmpty = sequence.isempty();
-    if (!code.isEmpty) {
-        code.traced = Compiler(Form::Traced).compile(sequence);
-        code.quick = Compiler(Form::Quick).compile(sequence);
-    }
-    return code;
+    if (!source.isempty())
+        m_quick = Compiler(Form::Quick).compile(source);
 }
 
-} // namespace
+const Step* SequenceCode::traced() const
+{
+    if (m_traced.empty())
+        m_traced = Compiler(Form::Traced).compile(*m_source);
+    return m_traced.data();
+}
+
+int SequenceCode::depthAt(int line) const
+{
+    int depth = 0;
+    for (const ZBLExp::Item& item : m_source->items()) {
+        const bool isStatement = item.role == ZBLExp::Item::Role::Statement;
+        if (isStatement && item.statement->line() == line)
+            break;
+        if (isStatement && item.statement->type() == ZBLStatement::Type::If)
+            ++depth;
+        else if (item.role == ZBLExp::Item::Role::EndIf)
+            --depth;
+    }
+    return depth;
+}
 
 void Program::compile()
 {
@@ -242,11 +256,11 @@ void Program::compile()
         ClassCode& code = classes.emplace_back();
         code.name = tree.pool().intern(each.className());
         for (std::size_t event = 0; event < eventNameCount; ++event)
-            code.events[event] = codeOf(each.getEventExp(static_cast<EventName>(event)));
+            code.events.emplace_back(each.getEventExp(static_cast<EventName>(event)));
     }
     for (const ZBLStateExp& each : tree.states()) {
         StateCode& code = states.emplace_back();
         for (const auto part : {ZBLStateExp::Part::Initialize, ZBLStateExp::Part::Loop})
-            code.parts[static_cast<std::size_t>(part)] = codeOf(each.getSubStateExp(part));
+            code.parts.emplace_back(each.getSubStateExp(part));
     }
 }

@@ -53,27 +53,34 @@ struct Step {
     std::int32_t line = 0;
 };
 
-/// A sequence made ready to run.
-struct StepList {
-    std::vector<Step> steps;
-    std::vector<std::int32_t> depth; ///< how many ifs stand around each step
-};
+/// A sequence made ready to run, in two forms: one that announces every statement to the trace, one that does no such
+/// work.
+class SequenceCode
+{
+public:
+    explicit SequenceCode(const ZBLExp& source);
 
-/// A sequence in two forms: one that announces every statement to the trace, one that does no such work.
-struct SequenceCode {
-    StepList traced;
-    StepList quick;
-    bool isEmpty = true;
+    bool isEmpty() const { return m_source->isempty(); }
+    const Step* quick() const { return m_quick.data(); }
+    /// Made when it is first asked for: most blocks of most runs are never traced.
+    const Step* traced() const;
+    /// How many ifs stand around the statement on line `line`. Looks for it: only asked when a statement has failed.
+    int depthAt(int line) const;
+
+private:
+    const ZBLExp* m_source;
+    std::vector<Step> m_quick;
+    mutable std::vector<Step> m_traced;
 };
 
 /// A program that has been read, with the code of its blocks.
 struct Program {
     struct ClassCode {
         Text name = nullptr; ///< first word of the class's opening line
-        std::array<SequenceCode, eventNameCount> events;
+        std::vector<SequenceCode> events; ///< by EventName
     };
     struct StateCode {
-        std::array<SequenceCode, 2> parts;
+        std::vector<SequenceCode> parts; ///< INITIALIZE and LOOP
     };
 
     ZBLProgramExp tree;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 #include <limits>
 
 namespace
@@ -148,7 +149,7 @@ void ZBContext::Quantum()
     if (!m_run.inLoop) {
         m_interpreter.TraceStateChange();
         const SequenceCode* initialize = getSubStateExp();
-        if (!initialize || (!initialize->isEmpty && !Interpret(*initialize)) || !DoSpriteEvents())
+        if (!initialize || (!initialize->isEmpty() && !Interpret(*initialize)) || !DoSpriteEvents())
             return;
         if (m_run.nextState) {
             enterState(*m_run.nextState);
@@ -161,7 +162,7 @@ void ZBContext::Quantum()
     }
     DrawFrame();
     const SequenceCode* loop = getSubStateExp();
-    if (!loop || (!loop->isEmpty && !Interpret(*loop)) || !DoSpriteEvents())
+    if (!loop || (!loop->isEmpty() && !Interpret(*loop)) || !DoSpriteEvents())
         return;
     if (m_run.nextState)
         enterState(*m_run.nextState);
@@ -173,7 +174,7 @@ void ZBContext::DrawFrame()
     if (!m_interpreter.ports().screen.wantsFrames())
         return;
     Surface& display = m_surfaces.Display;
-    std::ranges::copy(m_run.background->pixels(), display.pixels().begin());
+    std::memcpy(display.pixels().data(), m_run.background->pixels().data(), display.pixels().size_bytes());
     if (m_showMap)
         m_run.map.Draw(display, -1);
     for (std::int32_t i = 0; i < m_run.spriteCount; ++i) {

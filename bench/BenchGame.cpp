@@ -1,0 +1,75 @@
+#include "BenchGame.h"
+
+#include "platform/TextFile.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <unistd.h>
+
+namespace
+{
+
+std::filesystem::path scratchFolder()
+{
+    const auto folder = std::filesystem::temp_directory_path() / ("zorbino-bench-" + std::to_string(getpid()));
+    std::filesystem::create_directories(folder);
+    return folder;
+}
+
+} // namespace
+
+BenchGame::BenchGame(Frames frames, int graphicSize)
+    : m_folder(scratchFolder())
+    , m_frames(frames)
+    , m_graphicSize(graphicSize)
+    , m_installation(m_folder)
+    , m_interpreter(m_module, m_installation, *this, Ports{*this, *this, *this, *this, *this, *this})
+{
+    m_module.GamesFolder.clear();
+    const std::string size = std::to_string(graphicSize);
+    if (!writeFileWhole(m_folder / "dot.spr", "bench\r\nSimple," + size + "," + size + ",1\r\n") ||
+        !writeFileWhole(m_folder / "dot.spb", "drawn by read()"))
+        std::abort();
+}
+
+BenchGame::~BenchGame()
+{
+    std::error_code ignored;
+    std::filesystem::remove_all(m_folder, ignored);
+}
+
+void BenchGame::start(std::string_view text, int mode)
+{
+    m_interpreter.RunGame(text, mode);
+    frame();
+    if (!context().InterpreterRunning())
+        std::exit(EXIT_FAILURE);
+}
+
+void BenchGame::frame() { m_interpreter.timerTick(); }
+
+void BenchGame::addHistoryLine(std::string_view line) { m_history[m_historyLines++ % m_history.size()] = line; }
+
+void BenchGame::show(std::string_view text)
+{
+    std::fprintf(stderr, "%s\n", std::string(text).c_str());
+    std::exit(EXIT_FAILURE);
+}
+
+void BenchGame::messageBox(std::string_view text) { show(text); }
+
+std::optional<Surface> BenchGame::read(const std::filesystem::path& /*file*/)
+{
+    // A disc: opaque inside, transparent outside.
+    Surface picture(2 * m_graphicSize, m_graphicSize, black);
+    const double middle = m_graphicSize / 2.0;
+    for (int y = 0; y < m_graphicSize; ++y)
+        for (int x = 0; x < m_graphicSize; ++x) {
+            const double dx = x + 0.5 - middle;
+            const double dy = y + 0.5 - middle;
+            const bool inside = dx * dx + dy * dy < middle * middle;
+            picture.set(x, y, inside ? rgb(200, 80, 40) : black);
+            picture.set(m_graphicSize + x, y, inside ? black : white);
+        }
+    return picture;
+}

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "runtime/ZBContext.h"
+#include "runtime/ZBInterpreter.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+/// A game without a window for measurements, in a scratch folder with one sprite graphic named "dot".
+class BenchGame : private GameScreen,
+                  private GameEditorPort,
+                  private CodeEditorPort,
+                  private SpyPort,
+                  private ParseErrorPort,
+                  private UserPort,
+                  private PictureReader
+{
+public:
+    enum class Frames { Skipped, Drawn };
+
+    /// `graphicSize` is the width and height of the graphic's one frame.
+    explicit BenchGame(Frames frames = Frames::Skipped, int graphicSize = 32);
+    ~BenchGame() override;
+
+    /// Starts the program and runs its first frame. Ends the process with a message where it does not run.
+    void start(std::string_view text, int mode);
+    void frame();
+    ZBContext& context() { return m_interpreter.context(); }
+    ZBInterpreter& interpreter() { return m_interpreter; }
+    std::uint64_t historyLines() const { return m_historyLines; }
+
+private:
+    void load() override {}
+    void reopen(std::string_view /*title*/) override {}
+    void show() override {}
+    void close() override {}
+    void setTimerInterval(std::optional<int> /*milliseconds*/) override {}
+    void enableTimer(bool /*on*/) override {}
+    void refreshDisplay() override {}
+    bool wantsFrames() const override { return m_frames == Frames::Drawn; }
+    void setButtons(RunButtons /*state*/) override {}
+    void setEnabled(bool /*on*/) override {}
+    void startHaltMeAgain() override {}
+    int framesPerMinute() const override { return 1800; }
+    bool isVisible() const override { return false; }
+    void hide() override {}
+    void SetCursorPos(int /*line*/, int /*column*/, bool /*wrap*/) override {}
+    void focusText() override {}
+    void clearHistory() override {}
+    void addHistoryLine(std::string_view line) override;
+    void selectLastLine() override {}
+    void showState(std::string_view /*state*/, std::string_view /*subState*/) override {}
+    void enableVariables() override {}
+    void setVariables(const std::vector<std::string>& /*lines*/) override {}
+    void show(std::string_view text) override;
+    void messageBox(std::string_view text) override;
+    void beep() override {}
+    void deliverMessages(Wait /*wait*/) override {}
+    std::optional<Surface> read(const std::filesystem::path& file) override;
+
+    std::filesystem::path m_folder;
+    Frames m_frames;
+    int m_graphicSize;
+    ZB m_module;
+    Installation m_installation;
+    std::array<std::string, 500> m_history;
+    std::uint64_t m_historyLines = 0;
+    ZBInterpreter m_interpreter;
+};

@@ -1,0 +1,395 @@
+#include "BenchGame.h"
+
+#include "platform/Rounding.h"
+
+#include <benchmark/benchmark.h>
+#include <lua.hpp>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+#include <vector>
+
+// The core beside its peers. Benchmarks come in pairs: the ratio of a pair is the figure.
+
+namespace
+{
+
+/// One state of a program.
+struct State {
+    std::string name;
+    std::string initialize;
+    std::string loop;
+};
+
+/// A program with the given states and one class.
+std::string program(const std::vector<State>& states, std::string_view normal = "")
+{
+    std::string text = "program{\nclasses{\ndot{\nnormal{\n";
+    text.append(normal).append("}normal\n}dot\n}classes\nstates{\n");
+    for (const State& each : states)
+        text += each.name + "{\ninitialize{\n" + each.initialize + "}initialize\nloop{\n" + each.loop + "}loop\n}" +
+                each.name + "\n";
+    text += "}states\n}program\n";
+    std::string lines;
+    for (const char c : text)
+        lines += c == '\n' ? std::string("\r\n") : std::string(1, c);
+    return lines;
+}
+
+std::string repeat(std::string_view text, int times)
+{
+    std::string all;
+    for (int i = 0; i < times; ++i)
+        all += text;
+    return all;
+}
+
+/// A Lua state with the standard library and a compiled chunk on its stack.
+class Lua
+{
+public:
+    explicit Lua(const std::string& chunk) : m_state(luaL_newstate())
+    {
+        luaL_openlibs(m_state);
+        check(luaL_loadstring(m_state, chunk.c_str()));
+        check(lua_pcall(m_state, 0, 0, 0));
+    }
+    ~Lua() { lua_close(m_state); }
+    Lua(const Lua&) = delete;
+    Lua& operator=(const Lua&) = delete;
+
+    void call(const char* function)
+    {
+        lua_getglobal(m_state, function);
+        check(lua_pcall(m_state, 0, 0, 0));
+    }
+
+private:
+    void check(int result)
+    {
+        if (result == LUA_OK)
+            return;
+        std::fprintf(stderr, "lua: %s\n", lua_tostring(m_state, -1));
+        std::exit(EXIT_FAILURE);
+    }
+
+    lua_State* m_state;
+};
+
+// Statements -------------------------------------------------------------------------------------------------------
+
+constexpr int copies = 50;    // of the block, in one frame
+constexpr int statements = 20; // that run in one pass through the block
+
+constexpr std::string_view block = "set counter$a 1\n"
+                                   "set counter$b counter$a\n"
+                                   "change counter$b 2\n"
+                                   "set text$mode \"play\"\n"
+                                   "if counter$b > 2 {\n"
+                                   "  change counter$c 1\n"
+                                   "  if text$mode = \"play\" {\n"
+                                   "    set text$word \"left\"\n"
+                                   "    change counter$d counter$a\n"
+                                   "  }else{\n"
+                                   "    set text$word \"right\"\n"
+                                   "  }if\n"
+                                   "}else{\n"
+                                   "  change counter$c -1\n"
+                                   "}if\n"
+                                   "set counter$e counter$c\n"
+                                   "change counter$e -3\n"
+                                   "if counter$e < 0 {\n"
+                                   "  set counter$f 0\n"
+                                   "}else{\n"
+                                   "  set counter$f counter$e\n"
+                                   "}if\n"
+                                   "if text$word != \"right\" {\n"
+                                   "  if counter$a = counter$b {\n"
+                                   "    set text$last \"same\"\n"
+                                   "  }else{\n"
+                                   "    set text$last text$word\n"
+                                   "  }if\n"
+                                   "  change counter$g 1\n"
+                                   "}if\n"
+                                   "change counter$h counter$a\n"
+                                   "set counter$i counter$h\n";
+
+constexpr std::string_view luaBlock = "a = 1\n"
+                                      "b = a\n"
+                                      "b = b + 2\n"
+                                      "mode = \"play\"\n"
+                                      "if b > 2 then\n"
+                                      "  c = c + 1\n"
+                                      "  if mode == \"play\" then\n"
+                                      "    word = \"left\"\n"
+                                      "    d = d + a\n"
+                                      "  else\n"
+                                      "    word = \"right\"\n"
+                                      "  end\n"
+                                      "else\n"
+                                      "  c = c - 1\n"
+                                      "end\n"
+                                      "e = c\n"
+                                      "e = e - 3\n"
+                                      "if e < 0 then\n"
+                                      "  f = 0\n"
+                                      "else\n"
+                                      "  f = e\n"
+                                      "end\n"
+                                      "if word ~= \"right\" then\n"
+                                      "  if a == b then\n"
+                                      "    last = \"same\"\n"
+                                      "  else\n"
+                                      "    last = word\n"
+                                      "  end\n"
+                                      "  g = g + 1\n"
+                                      "end\n"
+                                      "h = h + a\n"
+                                      "i = h\n";
+
+constexpr std::string_view unsetCounters = "set counter$c 0\nset counter$d 0\nset counter$g 0\nset counter$h 0\n";
+
+void statementsIn(benchmark::State& state, int mode)
+{
+    BenchGame game;
+    game.start(program({{"begin", std::string(unsetCounters), repeat(block, copies)}}), mode);
+    for (auto _ : state)
+        game.frame();
+    state.SetItemsProcessed(state.iterations() * copies * statements);
+}
+
+void Statements_Zorbino(benchmark::State& state) { statementsIn(state, 0); }
+void Statements_ZorbinoTracedNoBox(benchmark::State& state) { statementsIn(state, 1); }
+void Statements_Lua(benchmark::State& state)
+{
+    Lua lua("c, d, g, h = 0, 0, 0, 0\nfunction frame()\n" + repeat(luaBlock, copies) + "end\n");
+    for (auto _ : state)
+        lua.call("frame");
+    state.SetItemsProcessed(state.iterations() * copies * statements);
+}
+BENCHMARK(Statements_Lua);
+BENCHMARK(Statements_Zorbino);
+BENCHMARK(Statements_ZorbinoTracedNoBox);
+
+// A frame of sprites -----------------------------------------------------------------------------------------------
+
+// Sprites stand on a lattice just wide enough that they do not touch, and creep all the same way.
+constexpr int latticeSide = 33;
+constexpr double latticeStep = 6.06;
+double latticeX(int i) { return -97 + latticeStep * (i % latticeSide); }
+double latticeY(int i) { return -97 + latticeStep * (i / latticeSide % latticeSide); }
+
+/// States that make `count` sprites, no more at a time than the event queue takes, and end in the state "play".
+std::vector<State> creationStates(int count, const std::string& loop)
+{
+    std::vector<State> states;
+    int made = 0;
+    while (made < count) {
+        State next{states.empty() ? "begin" : "more" + std::to_string(states.size()), "", ""};
+        const int batch = std::min(count - made, std::max((1001 - made) / 2, 1));
+        for (const int end = made + batch; made < end; ++made)
+            next.initialize += "create dot " + std::to_string(made) + " \"dot\" 0 0.0001 " +
+                               std::to_string(latticeX(made)) + " " + std::to_string(latticeY(made)) + " 0\n";
+        states.push_back(next);
+    }
+    for (std::size_t i = 0; i < states.size(); ++i)
+        states[i].initialize +=
+            "setstate " + (i + 1 < states.size() ? states[i + 1].name : std::string("play")) + "\n";
+    states.push_back({states.empty() ? "begin" : "play", "", loop});
+    states.front().initialize = "set counter$moves 0\n" + std::string(unsetCounters) + states.front().initialize;
+    return states;
+}
+
+constexpr std::string_view spriteStatements = "move me\n"
+                                              "if me.x > 99 {\n"
+                                              "  setdirection me 180\n"
+                                              "}if\n"
+                                              "if me.x < -99 {\n"
+                                              "  setdirection me 0\n"
+                                              "}if\n"
+                                              "if me.y > 99 {\n"
+                                              "  setdirection me 270\n"
+                                              "}if\n"
+                                              "if me.y < -99 {\n"
+                                              "  setdirection me 90\n"
+                                              "}if\n"
+                                              "change counter$moves 1\n";
+
+void Frame_Zorbino(benchmark::State& state)
+{
+    BenchGame game;
+    const auto count = static_cast<int>(state.range(0));
+    const auto states = creationStates(count, "");
+    game.start(program(states, spriteStatements), 0);
+    for (std::size_t i = 0; i < states.size(); ++i)
+        game.frame();
+    for (auto _ : state)
+        game.frame();
+    state.SetItemsProcessed(state.iterations() * count);
+}
+
+void Frame_Lua(benchmark::State& state)
+{
+    const std::string count = std::to_string(state.range(0));
+    Lua lua("count = " + count + R"(
+moves = 0
+hits = 0
+sprites = {}
+squares = {}
+for i = 1, 25 do squares[i] = 0 end
+for i = 0, count - 1 do
+  sprites[i + 1] = { x = -97 + 6.06 * (i % 33), y = -97 + 6.06 * (i // 33 % 33),
+                     direction = 0, speed = 0.0001, square = 0 }
+end
+function turn(s, direction) s.direction = direction end
+function move(index)
+  local s = sprites[index]
+  s.x = s.x + s.speed * math.cos(math.rad(s.direction))
+  s.y = s.y + s.speed * math.sin(math.rad(s.direction))
+  for j = 1, count do
+    if j ~= index then
+      local o = sprites[j]
+      if math.abs(s.x - o.x) < 6 and math.abs(s.y - o.y) < 6 then hits = hits + 1 end
+    end
+  end
+  local column = math.floor((s.x + 100) * 5 / 200)
+  local row = math.floor((100 - s.y) * 5 / 200)
+  if column >= 0 and column < 5 and row >= 0 and row < 5 then s.square = squares[row * 5 + column + 1] end
+end
+function frame()
+  for i = 1, count do
+    local s = sprites[i]
+    move(i)
+    if s.x > 99 then turn(s, 180) end
+    if s.x < -99 then turn(s, 0) end
+    if s.y > 99 then turn(s, 270) end
+    if s.y < -99 then turn(s, 90) end
+    moves = moves + 1
+  end
+end
+)");
+    for (auto _ : state)
+        lua.call("frame");
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+BENCHMARK(Frame_Lua)->Arg(100)->Arg(1000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(Frame_Zorbino)->Arg(100)->Arg(1000)->Unit(benchmark::kMicrosecond);
+
+// Drawing ----------------------------------------------------------------------------------------------------------
+
+constexpr int graphicSize = 32;
+
+/// Where the sprites of the lattice are drawn: their top left corners, and how many of their pixels show.
+std::vector<Rect> placesOf(int count)
+{
+    std::vector<Rect> places;
+    for (int i = 0; i < count; ++i) {
+        const int x = roundToInt((latticeX(i) + 100) * 2.4) - graphicSize / 2;
+        const int y = roundToInt((100 - latticeY(i)) * 2.4) - graphicSize / 2;
+        const int left = std::max(x, 0);
+        const int top = std::max(y, 0);
+        places.push_back({left, top, std::min(x + graphicSize, 480) - left, std::min(y + graphicSize, 480) - top});
+    }
+    return places;
+}
+
+void DrawFrame_Zorbino(benchmark::State& state)
+{
+    BenchGame game(BenchGame::Frames::Drawn, graphicSize);
+    const auto count = static_cast<int>(state.range(0));
+    const auto states = creationStates(count, "");
+    game.start(program(states), 0);
+    for (std::size_t i = 0; i < states.size(); ++i)
+        game.frame();
+    for (auto _ : state)
+        game.context().DrawFrame();
+}
+
+/// The same bytes moved plainly: the background, and every row of every sprite.
+void DrawFrame_Memcpy(benchmark::State& state)
+{
+    const Surface background(480, 480, white);
+    const Surface sprite(graphicSize, graphicSize, black);
+    Surface display(480, 480, white);
+    const auto places = placesOf(static_cast<int>(state.range(0)));
+    for (auto _ : state) {
+        std::memcpy(display.pixels().data(), background.pixels().data(), background.pixels().size_bytes());
+        for (const Rect& place : places)
+            for (int row = 0; row < place.height; ++row)
+                std::memcpy(&display.row(place.y + row)[static_cast<std::size_t>(place.x)], sprite.row(row).data(),
+                            static_cast<std::size_t>(place.width) * sizeof(Pixel));
+        benchmark::ClobberMemory();
+    }
+}
+BENCHMARK(DrawFrame_Memcpy)->Arg(0)->Arg(1000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(DrawFrame_Zorbino)->Arg(0)->Arg(1000)->Unit(benchmark::kMicrosecond);
+
+// Reading ----------------------------------------------------------------------------------------------------------
+
+class Silent : public ParseReporter
+{
+public:
+    void parseError(std::string_view report, int /*line*/) override
+    {
+        std::fprintf(stderr, "%s\n", std::string(report).c_str());
+        std::exit(EXIT_FAILURE);
+    }
+    void beep() override {}
+};
+
+void Read_Zorbino(benchmark::State& state)
+{
+    const auto lines = static_cast<int>(state.range(0));
+    const std::string text = program({{"begin", "", repeat(block, lines / 31)}});
+    for (auto _ : state) {
+        const LineArray array(text);
+        Silent reporter;
+        Program read;
+        if (!read.tree.Parse(array, reporter))
+            std::abort();
+        read.compile();
+        benchmark::DoNotOptimize(read);
+    }
+    state.SetItemsProcessed(state.iterations() * lines);
+}
+
+void Read_Lua(benchmark::State& state)
+{
+    const auto lines = static_cast<int>(state.range(0));
+    // Lua limits the jumps and constants of one function, so the chunk is one of many.
+    const std::string text = repeat("do\n" + std::string(luaBlock) + "end\n", lines / 33);
+    lua_State* lua = luaL_newstate();
+    for (auto _ : state) {
+        if (luaL_loadbuffer(lua, text.data(), text.size(), "text") != LUA_OK)
+            std::abort();
+        lua_pop(lua, 1);
+    }
+    lua_close(lua);
+    state.SetItemsProcessed(state.iterations() * lines);
+}
+BENCHMARK(Read_Lua)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
+BENCHMARK(Read_Zorbino)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
+
+// The trace --------------------------------------------------------------------------------------------------------
+
+void Trace_AllBoxes(benchmark::State& state)
+{
+    BenchGame game;
+    game.interpreter().setTraceBoxes({true, true, true});
+    const auto states = creationStates(100, std::string(block));
+    game.start(program(states, spriteStatements), 1);
+    for (std::size_t i = 0; i < states.size(); ++i)
+        game.frame();
+    const std::uint64_t before = game.historyLines();
+    for (auto _ : state)
+        game.frame();
+    state.SetItemsProcessed(static_cast<std::int64_t>(game.historyLines() - before));
+}
+BENCHMARK(Trace_AllBoxes)->Unit(benchmark::kMicrosecond);
+
+} // namespace
+
+BENCHMARK_MAIN();
