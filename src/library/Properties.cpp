@@ -94,6 +94,7 @@ void Properties::layOut()
     m_iconScroll->setAccessibleName(tr("First icon shown"));
     m_iconScroll->setFocusPolicy(Qt::StrongFocus);
     m_iconScroll->setPageStep(selectors);
+    m_iconScroll->setFixedHeight(18);
 
     auto* form = new QFormLayout;
     form->setHorizontalSpacing(12);

@@ -165,6 +165,7 @@ QWidget* Resources::makePreviews()
     m_backgroundScroll->setAccessibleName(tr("First background shown"));
     m_backgroundScroll->setFocusPolicy(Qt::StrongFocus);
     m_backgroundScroll->setPageStep(previews);
+    m_backgroundScroll->setFixedHeight(18);
     grid->addWidget(m_backgroundScroll, 2, 0, 1, previews);
     return part;
 }

@@ -14,16 +14,21 @@ constexpr int iconOffset = 15;   // below the title
 constexpr int authorOffset = 95; // below the icon
 constexpr int lineHeight = 16;
 constexpr int largestText = 13; // in pixels: the place above the icon does not grow with the desktop's font
-constexpr int smallestText = 9;
+constexpr int smallestText = 10;
+constexpr int narrowestText = 75; // percent
 
-/// The largest font in which `text` fits into `width`.
+/// A font in which `text` fits into `width`: narrower letters first, then smaller ones.
 QFont fittingFont(QFont font, const QString& text, int width)
 {
-    for (int pixels = largestText;; --pixels) {
+    for (int pixels = largestText; pixels >= smallestText; --pixels) {
         font.setPixelSize(pixels);
-        if (pixels == smallestText || QFontMetrics(font).horizontalAdvance(text) <= width)
-            return font;
+        for (int percent = QFont::Unstretched; percent >= narrowestText; percent -= 5) {
+            font.setStretch(percent);
+            if (QFontMetrics(font).horizontalAdvance(text) <= width)
+                return font;
+        }
     }
+    return font;
 }
 
 } // namespace
@@ -76,7 +81,8 @@ void TileArea::drawText(QPainter& painter, const QString& text, QPoint at, bool 
 {
     QFont plain = font();
     plain.setItalic(italic);
-    plain = fittingFont(plain, text.trimmed(), m_slotWidth - 8);
+    plain = fittingFont(plain, text.trimmed(),
+                        m_slotWidth - firstTileLeft - 4); // the last tile's slot ends early
     painter.setFont(plain);
     const QPoint baseline = at + QPoint(0, QFontMetrics(plain).ascent());
     painter.setPen(Qt::black);
@@ -96,6 +102,7 @@ void TileArea::drawTile(QPainter& painter, const Tile& tile) const
 void TileArea::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, devicePixelRatioF() != 1);
     painter.drawPixmap(QRect(QPoint(), size()), m_backdrop,
                        QRectF(QPointF(m_origin) * m_backdrop.devicePixelRatio(),
                               QSizeF(size()) * m_backdrop.devicePixelRatio())

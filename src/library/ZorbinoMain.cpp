@@ -477,6 +477,7 @@ void ZorbinoMain::ExitButton_Click()
 void ZorbinoMain::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, devicePixelRatioF() != 1);
     painter.drawPixmap(0, 0, m_backdrop);
 }
 
