@@ -1,5 +1,5 @@
 // Printing a program text, by way of the window and of a PDF file.
-#include "EditorDesk.h"
+#include "PretendDesk.h"
 #include "editor/CodeEditor.h"
 #include "editor/TextPrinter.h"
 #include "forms/Forms.h"
@@ -83,14 +83,15 @@ void press(QWidget* window, const char* button)
 class PrintTest : public testing::Test
 {
 protected:
-    EditorDesk desk;
+    TemporaryInstallation installation;
+    PretendDesk desk{installation.root()};
     CodeEditor editor{desk};
     QTemporaryDir folder;
     QString file = folder.filePath(QStringLiteral("page.pdf"));
 
     void load(const QString& text)
     {
-        desk.writeCode(text.toStdString());
+        installation.write("games/00000001/code.txt", text.toStdString());
         ASSERT_TRUE(editor.LoadFile(QStringLiteral("games\\00000001\\code.txt")));
     }
     void print() { press(&editor, "PrintButton"); }
@@ -162,8 +163,8 @@ TEST_F(PrintTest, WithoutAPrinterAPdfFileIsOffered)
             auto* files = qobject_cast<QFileDialog*>(dialog);
             if (files == nullptr)
                 return false;
-            files->findChild<QLineEdit*>()->setText(file);
-            QTest::keyClick(files->findChild<QLineEdit*>(), Qt::Key_Return);
+            files->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(file);
+            QTest::keyClick(files->findChild<QLineEdit*>(QStringLiteral("fileNameEdit")), Qt::Key_Return);
             return true;
         });
         press(form, "Ok");

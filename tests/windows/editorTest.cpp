@@ -1,6 +1,8 @@
 // The code editor, driven with real keys and clicks.
-#include "EditorDesk.h"
+#include "Dialogs.h"
+#include "PretendDesk.h"
 #include "editor/CodeEditor.h"
+#include "support/FullDisk.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -11,16 +13,15 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
-#include <QMessageBox>
 #include <QMimeData>
 #include <QPointer>
-#include <QSignalSpy>
 #include <QTest>
-#include <QTimer>
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <map>
+#include <memory>
 
 namespace
 {
@@ -28,15 +29,17 @@ namespace
 class CodeEditorTest : public testing::Test
 {
 protected:
-    EditorDesk desk;
+    TemporaryInstallation installation;
+    PretendDesk desk{installation.root()};
     std::unique_ptr<CodeEditor> editor = std::make_unique<CodeEditor>(desk);
     CodeView* view = editor->findChild<CodeView*>(QStringLiteral("CodeView"));
 
     static constexpr auto path = "games\\00000001\\code.txt";
+    static constexpr auto file = "games/00000001/code.txt";
 
     void load(const std::string& text)
     {
-        desk.writeCode(text);
+        installation.write(file, text);
         ASSERT_TRUE(editor->LoadFile(QLatin1String(path)));
         ASSERT_TRUE(QTest::qWaitForWindowActive(editor.get()));
     }
@@ -115,20 +118,12 @@ protected:
         type(keys);
         EXPECT_EQ(now(), after);
     }
-    /// Answers the next message box, and gives its text.
-    std::string boxDuring(const std::function<void()>& deed)
+    /// The text of the message box that comes up; Escape closes it.
+    static std::string boxDuring(const std::function<void()>& deed)
     {
-        std::string text;
-        QTimer answer;
-        QObject::connect(&answer, &QTimer::timeout, &answer, [&text] {
-            if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
-                text = box->text().toStdString();
-                QTest::keyClick(box, Qt::Key_Escape);
-            }
-        });
-        answer.start(5);
+        const Dialogs dialogs;
         deed();
-        return text;
+        return dialogs.onlyText();
     }
 };
 
@@ -345,7 +340,7 @@ TEST_F(CodeEditorTest, LoadsIndentsAndSaves)
     EXPECT_EQ(title(), "code.txt");
     EXPECT_FALSE(editor->isModified());
     EXPECT_FALSE(find<QAbstractButton>("UndoButton")->isEnabled());
-    EXPECT_EQ(desk.progress.filter(QStringLiteral("LoadFile")).join(u'|').toStdString(),
+    EXPECT_EQ(desk.calls.filter(QStringLiteral("LoadFile")).join(u'|').toStdString(),
               "Begin CodeEditor.LoadFile|CodeEditor.LoadFile: Opening games\\00000001\\code.txt|"
               "CodeEditor.LoadFile: loaded into CodeView|CodeEditor.LoadFile: done");
     type("; ");
@@ -353,7 +348,7 @@ TEST_F(CodeEditorTest, LoadsIndentsAndSaves)
     EXPECT_TRUE(editor->isModified());
     EXPECT_EQ(title(), "code.txt*");
     choose("SaveMnu");
-    EXPECT_EQ(desk.readCode(), "; \xc3\xa4PROGRAM{\r\n  CLASSES{\r\n  }CLASSES\r\n");
+    EXPECT_EQ(installation.read(file), "; \xc3\xa4PROGRAM{\r\n  CLASSES{\r\n  }CLASSES\r\n");
     EXPECT_FALSE(editor->isModified());
     EXPECT_EQ(title(), "code.txt");
     type("<Ctrl+Z>");
@@ -364,22 +359,34 @@ TEST_F(CodeEditorTest, ATextThatCannotBeSavedStays)
 {
     load("a\r\n");
     type("b");
-    std::filesystem::remove_all(desk.folder());
-    const std::string message = boxDuring([this] { choose("SaveMnu"); });
-    EXPECT_NE(message.find("not saved"), std::string::npos) << message;
-    EXPECT_TRUE(editor->isModified());
-    EXPECT_EQ(title(), "code.txt*");
-    EXPECT_EQ(editor->text(), "ba\r\n");
+    const auto expectRefusal = [this] {
+        const std::string message = boxDuring([this] { choose("SaveMnu"); });
+        EXPECT_NE(message.find("not saved"), std::string::npos) << message;
+        EXPECT_TRUE(editor->isModified());
+        EXPECT_EQ(title(), "code.txt*");
+        EXPECT_EQ(editor->text(), "ba\r\n");
+    };
+    {
+        const FullDisk full;
+        expectRefusal();
+    }
+    EXPECT_EQ(installation.read(file), "a\r\n");
+    installation.remove("games/00000001");
+    expectRefusal();
+    installation.makeFolder("games/00000001");
+    choose("SaveMnu");
+    EXPECT_EQ(installation.read(file), "ba\r\n");
 }
 
 TEST_F(CodeEditorTest, AFileThatCannotBeReadLeavesTheWindowHidden)
 {
+    installation.makeFolder("games/00000001");
     EXPECT_FALSE(editor->LoadFile(QLatin1String(path)));
     EXPECT_FALSE(editor->isVisible());
     editor->show();
     type("x");
     EXPECT_TRUE(editor->saveFile()) << "a missing file is made";
-    EXPECT_EQ(desk.readCode(), "x");
+    EXPECT_EQ(installation.read(file), "x");
 }
 
 TEST_F(CodeEditorTest, HugeAndStrangeFilesDoNotHang)
@@ -397,7 +404,7 @@ TEST_F(CodeEditorTest, HugeAndStrangeFilesDoNotHang)
     load(lines);
     type("y");
     EXPECT_EQ(view->document()->blockCount(), 200'001);
-    desk.writeCode(std::string(2'000'000, '\n'));
+    installation.write(file, std::string(2'000'000, '\n'));
     EXPECT_FALSE(editor->LoadFile(QLatin1String(path))) << "no program has so many lines";
     EXPECT_LT(clock.elapsed(), 30'000);
 }
