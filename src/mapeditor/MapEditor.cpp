@@ -393,10 +393,18 @@ bool MapEditor::drawOn(int column, int row)
 
 // Files.
 
+/// The folder of the game that is picked in the library, or one as they look.
+QString MapEditor::exampleFolder()
+{
+    const std::string& folder = m_desk.module().CurrentGame.folder;
+    return folder.empty() ? u"00000001\\"_s : forms::fromUtf8(folder);
+}
+
 void MapEditor::FileOpen_Click()
 {
     const auto name = forms::askText(
-        this, u"Open..."_s, u"Which map? Say the game's folder and the map's name,\nlike 00000001\\castle"_s,
+        this, u"Open..."_s,
+        u"Which map? Say the game's folder and the map's name,\nlike %1castle"_s.arg(exampleFolder()),
         m_fileName);
     if (!name)
         return;
@@ -433,7 +441,8 @@ void MapEditor::FileSave_Click()
     }
     const auto name = forms::askText(
         this, u"Save as..."_s,
-        u"Where to? Say the game's folder and the map's name,\nlike 00000001\\castle"_s, m_fileName);
+        u"Where to? Say the game's folder and the map's name,\nlike %1castle"_s.arg(exampleFolder()),
+        m_fileName);
     if (!name)
         return;
     if (!m_desk.installation().write(below(*name), m_map.toText())) {
@@ -454,7 +463,7 @@ void MapEditor::ViewBackground_Click()
 {
     const auto name = forms::askText(this, u"Enter background filename"_s,
                                      u"Which picture? Say the game's folder and the picture's name,\n"
-                                     "like 00000001\\sky.bmp"_s,
+                                     "like %1sky.bmp"_s.arg(exampleFolder()),
                                      forms::fromUtf8(m_map.get_background()));
     if (!name)
         return;

@@ -61,6 +61,7 @@ private:
     bool drawOn(int column, int row);
     bool drawStroke(int column, int row);
     void RedrawMap();
+    QString exampleFolder();
     bool loadBackground(const QString& name);
     void scaleBackground();
     /// A map is there from now on.

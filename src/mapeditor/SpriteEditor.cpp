@@ -624,6 +624,7 @@ void SpriteEditor::refresh()
 void SpriteEditor::refreshPixels()
 {
     m_discardAllowed = false;
+    statusBar()->clearMessage();
     m_currentFrame->showFrame(&m_model.currentFrame());
     m_strip->update();
     if (!m_previewTimer->isActive())
