@@ -64,6 +64,7 @@ void ZBInterpreter::RunGame(std::string_view text, int mode)
     TraceDepth = 0;
     m_stepMode = false;
     m_stepReleased = false;
+    m_halting = false;
     m_module.CodeEditorWasOpen = m_ports.codeEditor.isVisible();
     if (m_module.CodeEditorWasOpen)
         m_ports.codeEditor.hide();
@@ -101,7 +102,8 @@ void ZBInterpreter::writeBanner()
 
 void ZBInterpreter::PauseGame()
 {
-    if (!m_context->InterpreterRunning())
+    // A game that pauses itself in every frame must not put a stop off for ever.
+    if (!m_context->InterpreterRunning() || m_halting)
         return;
     m_stepMode = true;
     m_ports.gameEditor.setButtons(RunButtons::Paused);
@@ -131,6 +133,7 @@ void ZBInterpreter::StopGame()
         // A statement is waiting: it and the rest of its frame run to their end first.
         m_stepReleased = true;
         m_stepMode = false;
+        m_halting = true;
         m_ports.gameEditor.startHaltMeAgain();
         return;
     }
@@ -140,6 +143,7 @@ void ZBInterpreter::StopGame()
 
 void ZBInterpreter::finishStop()
 {
+    m_halting = false;
     m_ports.screen.close();
     m_context->Reset();
     m_ports.gameEditor.setEnabled(true);
@@ -151,7 +155,7 @@ void ZBInterpreter::RestoreEditorButtons() { m_ports.gameEditor.setButtons(RunBu
 
 void ZBInterpreter::timerTick()
 {
-    if (m_inFrame || m_starting || !m_context->InterpreterRunning())
+    if (m_inFrame || m_starting || m_halting || !m_context->InterpreterRunning())
         return;
     const Flag inFrame(m_inFrame);
     m_context->Quantum();

@@ -106,6 +106,7 @@ private:
     bool m_stepMode = false;
     bool m_stepReleased = false;
     bool m_stopping = false;
+    bool m_halting = false; ///< a stop waits for the frame to come to its end: no pause and no frame begins any more
     bool m_stopRequested = false;
     bool m_starting = false;
     bool m_inFrame = false;
