@@ -53,7 +53,7 @@ GameEditor::GameEditor(Desk& desk)
     m_haltMeAgain->callOnTimeout(this, &GameEditor::HaltMeAgain_Timer);
     m_closeAgain.setSingleShot(true);
     m_closeAgain.setInterval(closeRetry);
-    m_closeAgain.callOnTimeout(this, &GameEditor::stopThenClose);
+    m_closeAgain.callOnTimeout(this, &GameEditor::CloseAgain_Timer);
 
     Form_Load();
     setButtons(RunButtons::Stopped);
@@ -315,18 +315,12 @@ void GameEditor::SpyWindowButton_Click()
 
 void GameEditor::closeEvent(QCloseEvent* event)
 {
-    if (m_closing == Closing::Done)
-        return;
-    event->ignore(); // not before the run has come to its end
-    if (m_closing != Closing::No)
-        return;
-    m_closing = Closing::Asking;
-    if (mayClose()) {
-        m_closing = Closing::Stopping;
-        stopThenClose();
-    } else {
-        m_closing = Closing::No;
+    if (m_closing == Closing::No) {
+        m_closing = Closing::Asking; // the question lets other attempts in
+        m_closing = mayClose() ? Closing::Stopping : Closing::No;
+        endRun();
     }
+    event->setAccepted(m_closing == Closing::Done); // not before the run has come to its end
 }
 
 bool GameEditor::mayClose()
@@ -352,15 +346,15 @@ bool GameEditor::isBusy() const
     return m_starting || m_interpreter->inFrame();
 }
 
-void GameEditor::stopThenClose()
+void GameEditor::endRun()
 {
     if (m_closing != Closing::Stopping)
         return;
-    // A waiting statement is released; the frame then needs its time to come to its end, and a message box
-    // its answer.
-    if (m_interpreter->stepMode() || (!isBusy() && m_interpreter->context().InterpreterRunning()))
+    // A waiting statement is released; its frame then needs time to come to its end, and a message box its
+    // answer.
+    if (isBusy() || m_interpreter->context().InterpreterRunning())
         m_interpreter->StopGame();
-    if (isBusy() || m_interpreter->stepMode() || m_interpreter->context().InterpreterRunning()) {
+    if (isBusy() || m_interpreter->context().InterpreterRunning()) {
         m_closeAgain.start();
         return;
     }
@@ -371,5 +365,11 @@ void GameEditor::stopThenClose()
     m_spy->close();
     m_gameWindow.close();
     m_desk.showLibrary();
-    QWidget::close();
+}
+
+void GameEditor::CloseAgain_Timer()
+{
+    endRun();
+    if (m_closing == Closing::Done)
+        QWidget::close();
 }

@@ -63,7 +63,8 @@ private:
     QLayout* makeSpeed();
     bool isBusy() const;
     bool mayClose();
-    void stopThenClose();
+    void endRun();
+    void CloseAgain_Timer();
     void placeBeside(QWidget& window, bool below);
 
     Desk& m_desk;
