@@ -57,6 +57,14 @@ void HistoryList::resizeEvent(QResizeEvent* event)
         scrollToBottom();
 }
 
+QModelIndex HistoryList::moveCursor(CursorAction action, Qt::KeyboardModifiers held)
+{
+    if (currentIndex().isValid() || action == MoveHome)
+        return QListView::moveCursor(action, held);
+    // Nothing is selected: begin where the user looks, not at the top.
+    return action == MoveEnd ? m_model->index(m_model->rowCount() - 1) : indexAt(QPoint(1, 1));
+}
+
 void HistoryList::scrolled(int value)
 {
     if (!m_moving)
