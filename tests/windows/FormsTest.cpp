@@ -1,0 +1,142 @@
+#include "forms/Forms.h"
+#include "forms/KeyCodes.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+namespace
+{
+
+QKeyEvent key(int code, Qt::KeyboardModifiers held = Qt::NoModifier, quint32 place = 0, bool repeated = false)
+{
+    return QKeyEvent(QEvent::KeyPress, code, held, place, 0, 0, QString(), repeated);
+}
+
+TEST(KeyCodes, AreThoseOfTheVirtualKeys)
+{
+    struct Row {
+        int key;
+        Qt::KeyboardModifiers held;
+        int code;
+    };
+    for (const Row& row :
+         {Row{Qt::Key_A, Qt::NoModifier, 65},          Row{Qt::Key_Z, Qt::ShiftModifier, 90},
+          Row{Qt::Key_0, Qt::NoModifier, 48},          Row{Qt::Key_9, Qt::NoModifier, 57},
+          Row{Qt::Key_Percent, Qt::ShiftModifier, 53}, Row{Qt::Key_5, Qt::KeypadModifier, 101},
+          Row{Qt::Key_Left, Qt::NoModifier, 37},       Row{Qt::Key_Up, Qt::KeypadModifier, 38},
+          Row{Qt::Key_Right, Qt::NoModifier, 39},      Row{Qt::Key_Down, Qt::NoModifier, 40},
+          Row{Qt::Key_Space, Qt::NoModifier, 32},      Row{Qt::Key_Return, Qt::NoModifier, 13},
+          Row{Qt::Key_Enter, Qt::KeypadModifier, 13},  Row{Qt::Key_Shift, Qt::ShiftModifier, 16},
+          Row{Qt::Key_Control, Qt::NoModifier, 17},    Row{Qt::Key_Backtab, Qt::ShiftModifier, 9},
+          Row{Qt::Key_F1, Qt::NoModifier, 112},        Row{Qt::Key_F12, Qt::NoModifier, 123},
+          Row{Qt::Key_Plus, Qt::KeypadModifier, 107},  Row{Qt::Key_Plus, Qt::NoModifier, 187},
+          Row{Qt::Key_VolumeUp, Qt::NoModifier, 0}})
+        EXPECT_EQ(forms::virtualKeyCode(key(row.key, row.held)), row.code) << row.key;
+}
+
+TEST(HeldKeys, GoUpAsTheyWentDown)
+{
+    forms::HeldKeys keys;
+    constexpr quint32 one = 10;
+    EXPECT_EQ(keys.press(key(Qt::Key_1, Qt::NoModifier, one)), 49);
+    EXPECT_EQ(keys.press(key(Qt::Key_Shift, Qt::ShiftModifier, 50)), 16);
+    EXPECT_EQ(keys.release(key(Qt::Key_Exclam, Qt::ShiftModifier, one)), 49);
+    EXPECT_EQ(keys.press(key(Qt::Key_Shift, Qt::ShiftModifier, 62)), 16);
+    EXPECT_EQ(keys.release(key(Qt::Key_Shift, Qt::NoModifier, 50)), 0) << "the right one is still down";
+    EXPECT_EQ(keys.release(key(Qt::Key_Shift, Qt::NoModifier, 62)), 16);
+}
+
+TEST(HeldKeys, StayDownWhileTheyRepeat)
+{
+    forms::HeldKeys keys;
+    EXPECT_EQ(keys.press(key(Qt::Key_Left)), 37);
+    EXPECT_EQ(keys.release(key(Qt::Key_Left, Qt::NoModifier, 0, true)), 0);
+    EXPECT_EQ(keys.press(key(Qt::Key_Left, Qt::NoModifier, 0, true)), 0);
+    EXPECT_EQ(keys.releaseAll(), std::vector<int>{37});
+    EXPECT_EQ(keys.release(key(Qt::Key_Left)), 0) << "it has been let go of already";
+    EXPECT_EQ(keys.press(key(Qt::Key_Left, Qt::NoModifier, 0, true)), 0) << "held since before";
+}
+
+TEST(PictureArea, ShowsEveryPixelOnce)
+{
+    Surface picture(3, 2, rgb(1, 2, 3));
+    picture.set(2, 1, rgb(200, 100, 50));
+    forms::PictureArea area("Picture");
+    area.resize(5, 4);
+    area.showSurface(&picture);
+    const QImage shown = area.grab().toImage();
+    EXPECT_EQ(shown.pixel(0, 0), rgb(1, 2, 3));
+    EXPECT_EQ(shown.pixel(2, 1), rgb(200, 100, 50));
+    const QRgb bare = area.palette().color(QPalette::Window).rgb();
+    EXPECT_EQ(shown.pixel(3, 1), bare);
+    EXPECT_EQ(shown.pixel(0, 2), bare);
+}
+
+TEST(PictureArea, GrowsWithTheScreenWithoutSmoothing)
+{
+    Surface picture(2, 1, black);
+    picture.set(1, 0, white);
+    forms::PictureArea area("Picture");
+    area.resize(2, 1);
+    area.showSurface(&picture);
+    QImage shown(4, 2, QImage::Format_RGB32);
+    shown.setDevicePixelRatio(2);
+    area.render(&shown);
+    for (int y = 0; y < 2; ++y) {
+        EXPECT_EQ(shown.pixel(1, y), black);
+        EXPECT_EQ(shown.pixel(2, y), white);
+    }
+}
+
+/// Presses a key in the message box that is about to open.
+void answerWith(Qt::Key key, Qt::KeyboardModifiers held = Qt::NoModifier)
+{
+    QTimer::singleShot(0, qApp, [key, held] {
+        QWidget* box = QApplication::activeModalWidget();
+        ASSERT_NE(box, nullptr);
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(box));
+        QTest::keyClick(box, key, held);
+    });
+}
+
+TEST(MessageBoxes, AnswerToTheKeyboard)
+{
+    using forms::Answer;
+    struct Row {
+        Qt::Key key;
+        Qt::KeyboardModifiers held;
+        Answer answer;
+    };
+    for (const Row& row :
+         {Row{Qt::Key_Escape, Qt::NoModifier, Answer::Cancel},
+          Row{Qt::Key_Return, Qt::NoModifier, Answer::Yes}, Row{Qt::Key_N, Qt::AltModifier, Answer::No},
+          Row{Qt::Key_C, Qt::AltModifier, Answer::Cancel}}) {
+        answerWith(row.key, row.held);
+        EXPECT_EQ(forms::askYesNoCancel(nullptr, QStringLiteral("Title"), QStringLiteral("Question?")),
+                  row.answer)
+            << row.key;
+    }
+    answerWith(Qt::Key_Escape);
+    forms::tell(nullptr, QStringLiteral("Text")); // comes back
+    answerWith(Qt::Key_Escape);
+    EXPECT_FALSE(
+        forms::askText(nullptr, QStringLiteral("Title"), QStringLiteral("Name"), QStringLiteral("old")));
+    answerWith(Qt::Key_Return);
+    EXPECT_EQ(forms::askText(nullptr, QStringLiteral("Title"), QStringLiteral("Name"), QStringLiteral("old")),
+              QStringLiteral("old"));
+}
+
+TEST(MessageBoxes, OutliveTheirWindow)
+{
+    auto* window = new QWidget;
+    window->show();
+    QTimer::singleShot(0, qApp, [window] { delete window; });
+    EXPECT_EQ(forms::askYesNoCancel(window, QStringLiteral("Title"), QStringLiteral("Question?")),
+              forms::Answer::Cancel);
+}
+
+} // namespace

@@ -1,0 +1,2 @@
+zb_window_test(FormsTest FormsTest.cpp QtPicturesTest.cpp LIBS zb_forms)
+zb_window_test(SpyWindowTest SpyWindowTest.cpp LIBS zb_play)
