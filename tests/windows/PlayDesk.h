@@ -1,0 +1,65 @@
+#pragma once
+
+#include "PretendDesk.h"
+
+/// A code editor without a window: a text, and a record of what it was asked to do.
+class PretendCodeEditor : public CodeEditorForm
+{
+public:
+    bool isVisible() const override { return visible; }
+    void hide() override { visible = false; }
+    void show() override { visible = true; }
+    void SetCursorPos(int line, int /*column*/, bool /*wrap*/) override { cursorLine = line; }
+    void focusText() override {}
+    bool LoadFile(const QString& productPath) override
+    {
+        loaded = productPath;
+        visible = true;
+        return true;
+    }
+    bool saveFile() override
+    {
+        ++saves;
+        return saveWorks;
+    }
+    std::string text() const override { return program; }
+    bool isModified() const override { return modified; }
+    void closeForGood() override { closed = true; }
+    QWidget* widget() override { return nullptr; }
+
+    std::string program;
+    QString loaded;
+    int cursorLine = 0;
+    int saves = 0;
+    bool saveWorks = true;
+    bool visible = false;
+    bool modified = false;
+    bool closed = false;
+};
+
+/// The program around the windows of a run: one game in a temporary installation folder.
+class PlayDesk : private TemporaryInstallation, public PretendDesk
+{
+public:
+    PlayDesk()
+        : PretendDesk(TemporaryInstallation::root())
+    {
+        module().CurrentGame = {"Anna", "Bounce", "00000001\\"};
+    }
+
+    void writeProgram(const std::string& text) const { write("games/00000001/code.txt", text); }
+    qsizetype libraries() const { return calls.count(QStringLiteral("library")); }
+
+    bool closeGameWindows() override { return gameWindowsClose; }
+    CodeEditorForm* createCodeEditor() override { return &code; }
+
+    PretendCodeEditor code;
+    bool gameWindowsClose = true;
+};
+
+/// A program whose only state runs these lines once and then those in every frame.
+inline std::string programOf(const std::string& initialize, const std::string& loop)
+{
+    return "program{\r\nclasses{\r\n}classes\r\nstates{\r\nbegin{\r\ninitialize{\r\n" + initialize +
+           "\r\n}initialize\r\nloop{\r\n" + loop + "\r\n}loop\r\n}begin\r\n}states\r\n}program\r\n";
+}
