@@ -2,11 +2,14 @@
 
 #include "platform/Rounding.h"
 
+#include <functional>
+
 // Queued events, collisions and map squares.
 
 const Program::ClassCode* ZBContext::classOf(std::int32_t spriteIndex) const
 {
-    if (!m_run.programLoaded || spriteIndex < 0 || spriteIndex >= static_cast<std::int32_t>(m_run.sprites.size()))
+    if (!m_run.programLoaded || spriteIndex < 0 ||
+        spriteIndex >= static_cast<std::int32_t>(m_run.sprites.size()))
         return nullptr;
     const std::int32_t index = m_run.sprites[static_cast<std::size_t>(spriteIndex)].classIndex;
     return index >= 0 ? &m_run.program->classes[static_cast<std::size_t>(index)] : nullptr;
@@ -32,7 +35,8 @@ bool ZBContext::FireEvent()
     const Program::ClassCode* owner = classOf(event.meIndex);
     const std::string_view name = toString(event.eventName);
     if (!owner) {
-        const bool known = event.meIndex >= 0 && event.meIndex < static_cast<std::int32_t>(m_run.sprites.size());
+        const bool known =
+            event.meIndex >= 0 && event.meIndex < static_cast<std::int32_t>(m_run.sprites.size());
         const std::string className =
             known ? *m_run.sprites[static_cast<std::size_t>(event.meIndex)].className : std::string();
         return fail("[Internal Error!] Unable to fire event " + className + "." + std::string(name), 1);
@@ -141,9 +145,9 @@ ZBSprite* ZBContext::getItPtr(int line)
 
 void ZBContext::placeInGrid(const ZBSprite& sprite)
 {
-    // A bound sprite's slot is its place in the table, unless a new sprite has taken that place.
-    const bool detached = (m_run.detachedMe && &sprite == &*m_run.detachedMe) ||
-                          (m_run.detachedIt && &sprite == &*m_run.detachedIt);
-    if (!detached && sprite.slot < m_run.spriteCount)
-        m_run.grid.move(sprite.slot, sprite.x, sprite.y);
+    // Its slot may be an older one: it is the place in the table that counts.
+    const auto* first = m_run.sprites.data();
+    const std::less<const ZBSprite*> before;
+    if (!before(&sprite, first) && before(&sprite, first + m_run.spriteCount))
+        m_run.grid.move(static_cast<int>(&sprite - first), sprite.x, sprite.y);
 }
