@@ -26,7 +26,7 @@
 namespace
 {
 
-constexpr int textPoints = 12;
+constexpr int leastPoints = 12;
 constexpr int columnsShown = 84;
 constexpr int linesShown = 28;
 /// No program of a game comes near these; a file beyond them is something else.
@@ -107,7 +107,7 @@ void CodeEditor::Form_Load()
     m_desk.LogProgress(QStringLiteral("CodeEditor.Form_Load: Begin"));
     setObjectName(QStringLiteral("CodeEditor"));
     setWindowTitle(QStringLiteral("Code Editor"));
-    m_CodeView->setFont(forms::fixedFont(textPoints));
+    m_CodeView->setFont(forms::fixedFont(std::max(leastPoints, QApplication::font().pointSize() + 1)));
 
     auto* area = new QWidget;
     auto* column = new QVBoxLayout(area);
@@ -128,7 +128,7 @@ void CodeEditor::Form_Load()
     m_bars->Minibuffer()->installEventFilter(this);
 
     const QFontMetrics metrics(m_CodeView->font());
-    resize(metrics.horizontalAdvance(u'0') * columnsShown,
+    resize(std::max(metrics.horizontalAdvance(u'0') * columnsShown, m_bars->promptWidth()),
            metrics.lineSpacing() * linesShown + m_bars->sizeHint().height() + menuBar()->sizeHint().height());
     ShowPosition(1, 1);
     m_CodeView->setFocus();

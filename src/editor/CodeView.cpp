@@ -56,6 +56,7 @@ CodeView::CodeView(CodeViewOwner& owner, QWidget* parent)
     setLineWrapMode(NoWrap);
     setFrameShape(NoFrame);
     setCursorWidth(2);
+    document()->setDocumentMargin(8);
 }
 
 QString CodeView::selectedText() const

@@ -51,7 +51,7 @@ QToolButton* makeButton(const Button& entry)
     button->setText(QLatin1String(entry.caption));
     forms::dressButton(*button, entry.name, entry.icon, QLatin1String(entry.tip));
     button->setToolButtonStyle(isBig ? Qt::ToolButtonTextUnderIcon : Qt::ToolButtonTextBesideIcon);
-    button->setIconSize(isBig ? QSize(40, 40) : QSize(24, 24));
+    button->setIconSize(isBig ? QSize(40, 40) : QSize(30, 24));
     if (isBig)
         button->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Expanding);
     return button;
@@ -120,6 +120,8 @@ QFrame* EditorBars::makeHelpBar()
 {
     auto* bar = new QFrame(this);
     bar->setObjectName(QStringLiteral("helpBar"));
+    bar->setStyleSheet(QStringLiteral("#helpBar { background: palette(base); border: 1px solid palette(mid); "
+                                      "border-radius: 8px; margin: 0 8px 4px 8px; }"));
     m_ShowHelp = makeLabel("ShowHelp");
     m_ShowHelp->setText(QStringLiteral("Welcome to the Zorbino Code Editor!"));
     m_ShowHelp->setToolTip(QStringLiteral("Shows the format of the command you are using"));
@@ -127,7 +129,7 @@ QFrame* EditorBars::makeHelpBar()
     m_Logo = makeLabel("Logo");
     m_Logo->setAccessibleName(QStringLiteral("Zorbino"));
     auto* line = new QHBoxLayout(bar);
-    line->setContentsMargins(gap, gap / 2, gap, gap / 2);
+    line->setContentsMargins(gap, 0, gap, 0);
     line->setSpacing(gap);
     line->addWidget(m_ShowHelp, 1);
     line->addWidget(m_Logo);
@@ -137,6 +139,13 @@ QFrame* EditorBars::makeHelpBar()
 QToolButton* EditorBars::button(const char* name) const
 {
     return findChild<QToolButton*>(QLatin1String(name));
+}
+
+int EditorBars::promptWidth() const
+{
+    const QFontMetrics metrics(m_ShowStatus->font());
+    return metrics.horizontalAdvance(longestCaption() + QStringLiteral("(Ctrl-S to find next)")) + 2 * gap +
+           m_ShowCursorPos->width();
 }
 
 void EditorBars::showToolbars(bool shown)
@@ -179,7 +188,7 @@ void EditorBars::changeEvent(QEvent* event)
 void EditorBars::measure()
 {
     const QFontMetrics metrics(font());
-    m_ShowCursorPos->setFixedWidth(metrics.horizontalAdvance(QStringLiteral("L:000000, C:00000")) + 2 * gap);
+    m_ShowCursorPos->setFixedWidth(metrics.horizontalAdvance(QStringLiteral("L:00000, C:0000")) + 2 * gap);
     m_ShowHelp->setFixedHeight(std::max(2 * metrics.lineSpacing() + 2, logoHeight));
     m_Logo->setPixmap(
         forms::icon("logo-small").pixmap(QSize(4 * logoHeight, logoHeight), devicePixelRatioF()));

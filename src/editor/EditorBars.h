@@ -21,6 +21,9 @@ public:
     QToolButton* button(const char* name) const;
     QLineEdit* Minibuffer() const { return m_Minibuffer; }
 
+    /// The width at which every prompt can be read whole.
+    int promptWidth() const;
+
     void showToolbars(bool shown);
     void showPosition(int line, int column);
     void showHelp(const QString& usage);
