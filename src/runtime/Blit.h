@@ -4,11 +4,19 @@
 
 #include <cstddef>
 
-/// One row of a masked sprite: `target` = (`target` AND `mask`) OR `image`, pixel by pixel (the raster operations
-/// SRCAND and SRCPAINT in one pass). The rows do not overlap.
-using BlitRow = void (*)(Pixel* target, const Pixel* mask, const Pixel* image, std::size_t count);
+/// A rectangle of a masked sprite on its way to the screen. The target does not overlap the sources.
+struct BlitJob {
+    Pixel* target;
+    std::size_t targetStride; ///< pixels from row to row
+    const Pixel* mask;
+    const Pixel* image;
+    std::size_t sourceStride;
+    std::size_t width;
+    std::size_t height;
+};
 
-/// The quickest such routine for the processor that the program runs on.
-BlitRow bestBlitRow();
-/// The plain one, which every processor runs.
-void blitRowPlain(Pixel* target, const Pixel* mask, const Pixel* image, std::size_t count);
+/// target = (target AND mask) OR image, pixel by pixel (the raster operations SRCAND and SRCPAINT in one pass), by the
+/// quickest routine for the processor that the program runs on.
+void blit(const BlitJob& job);
+/// The same by the routine that every processor runs.
+void blitPlain(const BlitJob& job);

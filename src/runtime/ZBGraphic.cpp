@@ -106,7 +106,6 @@ int ZBGraphic::frameIndex(std::int32_t frameNumber, double direction) const
 
 void ZBGraphic::Draw(Surface& target, int centreX, int centreY, int frame) const
 {
-    static const BlitRow blit = bestBlitRow();
     const std::int64_t left = static_cast<std::int64_t>(roundHalfEven(centreX - m_description.frameWidth / 2.0));
     const std::int64_t top = static_cast<std::int64_t>(roundHalfEven(centreY - m_description.frameHeight / 2.0));
     const std::int64_t firstRow = std::int64_t{frame} * m_description.frameHeight;
@@ -118,12 +117,12 @@ void ZBGraphic::Draw(Surface& target, int centreX, int centreY, int frame) const
                                        static_cast<std::int64_t>(target.height()) - top});
     if (fromX >= toX || fromY >= toY)
         return;
-    const auto count = static_cast<std::size_t>(toX - fromX);
-    auto source = static_cast<std::size_t>((firstRow + fromY) * m_width + fromX);
-    Pixel* to = &target.row(static_cast<int>(top + fromY))[static_cast<std::size_t>(left + fromX)];
-    for (std::int64_t y = fromY; y < toY; ++y) {
-        blit(to, &m_masks[source], &m_images[source], count);
-        to += target.width();
-        source += static_cast<std::size_t>(m_width);
-    }
+    const auto source = static_cast<std::size_t>((firstRow + fromY) * m_width + fromX);
+    blit({.target = &target.row(static_cast<int>(top + fromY))[static_cast<std::size_t>(left + fromX)],
+          .targetStride = static_cast<std::size_t>(target.width()),
+          .mask = &m_masks[source],
+          .image = &m_images[source],
+          .sourceStride = static_cast<std::size_t>(m_width),
+          .width = static_cast<std::size_t>(toX - fromX),
+          .height = static_cast<std::size_t>(toY - fromY)});
 }
