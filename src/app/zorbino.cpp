@@ -23,6 +23,23 @@ std::filesystem::path workingDirectory()
     return error ? std::filesystem::path("/nowhere") : folder;
 }
 
+/// Says when the tray has been painted for the first time, and leaves. For measuring.
+class FirstPaint : public QObject
+{
+public:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint && watched->objectName() == u"GameTray") {
+            QTimer::singleShot(0, this, [] {
+                std::puts("painted");
+                std::fflush(stdout);
+                QCoreApplication::exit(0);
+            });
+        }
+        return false;
+    }
+};
+
 int selfTest(Workbench& workbench)
 {
     const bool good = workbench.openEachWindow();
@@ -49,7 +66,8 @@ int main(int argc, char* argv[])
     QCommandLineParser words;
     QCommandLineOption selfTestWord(QStringLiteral("self-test"));
     QCommandLineOption workWord(QStringLiteral("work"), QString(), QStringLiteral("FOLDER"));
-    for (auto* word : {&selfTestWord, &workWord}) {
+    QCommandLineOption firstPaintWord(QStringLiteral("first-paint"));
+    for (auto* word : {&selfTestWord, &workWord, &firstPaintWord}) {
         word->setFlags(QCommandLineOption::HiddenFromHelp); // for those who build Zorbino
         words.addOption(*word);
     }
@@ -62,6 +80,9 @@ int main(int argc, char* argv[])
         forms::tell(nullptr, wrongFolder.toString());
         return 0;
     }
+    FirstPaint firstPaint;
+    if (words.isSet(firstPaintWord))
+        application.installEventFilter(&firstPaint);
     workbench.showTracker();
     workbench.LogProgress(QStringLiteral("ZB.main"));
     if (words.isSet(selfTestWord))

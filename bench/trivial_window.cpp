@@ -1,0 +1,36 @@
+#include <QApplication>
+#include <QPainter>
+#include <QTimer>
+#include <QWidget>
+
+#include <cstdio>
+
+// The least that a program of the toolkit can do: one window of the library's size, painted once.
+
+namespace
+{
+
+class Window : public QWidget
+{
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter(this).fillRect(rect(), Qt::blue);
+        QTimer::singleShot(0, this, [] {
+            std::puts("painted");
+            std::fflush(stdout);
+            QCoreApplication::exit(0);
+        });
+    }
+};
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    QApplication application(argc, argv);
+    Window window;
+    window.resize(600, 418);
+    window.show();
+    return QApplication::exec();
+}
