@@ -11,7 +11,8 @@ namespace
 
 std::filesystem::path scratchFolder()
 {
-    const auto folder = std::filesystem::temp_directory_path() / ("zorbino-bench-" + std::to_string(getpid()));
+    const auto folder =
+        std::filesystem::temp_directory_path() / ("zorbino-bench-" + std::to_string(getpid()));
     std::filesystem::create_directories(folder);
     return folder;
 }
@@ -46,9 +47,15 @@ void BenchGame::start(std::string_view text, int mode)
         std::exit(EXIT_FAILURE);
 }
 
-void BenchGame::frame() { m_interpreter.timerTick(); }
+void BenchGame::frame()
+{
+    m_interpreter.timerTick();
+}
 
-void BenchGame::addHistoryLine(std::string_view line) { m_history[m_historyLines++ % m_history.size()] = line; }
+void BenchGame::addHistoryLine(std::string_view line)
+{
+    m_history[m_historyLines++ % m_history.size()] = line;
+}
 
 void BenchGame::show(std::string_view text)
 {
@@ -56,7 +63,10 @@ void BenchGame::show(std::string_view text)
     std::exit(EXIT_FAILURE);
 }
 
-void BenchGame::messageBox(std::string_view text) { show(text); }
+void BenchGame::messageBox(std::string_view text)
+{
+    show(text);
+}
 
 std::optional<Surface> BenchGame::read(const std::filesystem::path& /*file*/)
 {

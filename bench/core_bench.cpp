@@ -30,8 +30,8 @@ std::string program(const std::vector<State>& states, std::string_view normal = 
     std::string text = "program{\nclasses{\ndot{\nnormal{\n";
     text.append(normal).append("}normal\n}dot\n}classes\nstates{\n");
     for (const State& each : states)
-        text += each.name + "{\ninitialize{\n" + each.initialize + "}initialize\nloop{\n" + each.loop + "}loop\n}" +
-                each.name + "\n";
+        text += each.name + "{\ninitialize{\n" + each.initialize + "}initialize\nloop{\n" + each.loop +
+                "}loop\n}" + each.name + "\n";
     text += "}states\n}program\n";
     std::string lines;
     for (const char c : text)
@@ -51,7 +51,8 @@ std::string repeat(std::string_view text, int times)
 class Lua
 {
 public:
-    explicit Lua(const std::string& chunk) : m_state(luaL_newstate())
+    explicit Lua(const std::string& chunk)
+        : m_state(luaL_newstate())
     {
         luaL_openlibs(m_state);
         check(luaL_loadstring(m_state, chunk.c_str()));
@@ -79,9 +80,10 @@ private:
     lua_State* m_state;
 };
 
-// Statements -------------------------------------------------------------------------------------------------------
+// Statements
+// -------------------------------------------------------------------------------------------------------
 
-constexpr int copies = 50;    // of the block, in one frame
+constexpr int copies = 50;     // of the block, in one frame
 constexpr int statements = 20; // that run in one pass through the block
 
 constexpr std::string_view block = "set counter$a 1\n"
@@ -150,7 +152,8 @@ constexpr std::string_view luaBlock = "a = 1\n"
                                       "h = h + a\n"
                                       "i = h\n";
 
-constexpr std::string_view unsetCounters = "set counter$c 0\nset counter$d 0\nset counter$g 0\nset counter$h 0\n";
+constexpr std::string_view unsetCounters =
+    "set counter$c 0\nset counter$d 0\nset counter$g 0\nset counter$h 0\n";
 
 void statementsIn(benchmark::State& state, int mode)
 {
@@ -161,8 +164,14 @@ void statementsIn(benchmark::State& state, int mode)
     state.SetItemsProcessed(state.iterations() * copies * statements);
 }
 
-void Statements_Zorbino(benchmark::State& state) { statementsIn(state, 0); }
-void Statements_ZorbinoTracedNoBox(benchmark::State& state) { statementsIn(state, 1); }
+void Statements_Zorbino(benchmark::State& state)
+{
+    statementsIn(state, 0);
+}
+void Statements_ZorbinoTracedNoBox(benchmark::State& state)
+{
+    statementsIn(state, 1);
+}
 void Statements_Lua(benchmark::State& state)
 {
     Lua lua("c, d, g, h = 0, 0, 0, 0\nfunction frame()\n" + repeat(luaBlock, copies) + "end\n");
@@ -174,15 +183,23 @@ BENCHMARK(Statements_Lua);
 BENCHMARK(Statements_Zorbino);
 BENCHMARK(Statements_ZorbinoTracedNoBox);
 
-// A frame of sprites -----------------------------------------------------------------------------------------------
+// A frame of sprites
+// -----------------------------------------------------------------------------------------------
 
 // Sprites stand on a lattice just wide enough that they do not touch, and creep all the same way.
 constexpr int latticeSide = 33;
 constexpr double latticeStep = 6.06;
-double latticeX(int i) { return -97 + latticeStep * (i % latticeSide); }
-double latticeY(int i) { return -97 + latticeStep * (i / latticeSide % latticeSide); }
+double latticeX(int i)
+{
+    return -97 + latticeStep * (i % latticeSide);
+}
+double latticeY(int i)
+{
+    return -97 + latticeStep * (i / latticeSide % latticeSide);
+}
 
-/// States that make `count` sprites, no more at a time than the event queue takes, and end in the state "play".
+/// States that make `count` sprites, no more at a time than the event queue takes, and end in the state
+/// "play".
 std::vector<State> creationStates(int count, const std::string& loop)
 {
     std::vector<State> states;
@@ -199,7 +216,8 @@ std::vector<State> creationStates(int count, const std::string& loop)
         states[i].initialize +=
             "setstate " + (i + 1 < states.size() ? states[i + 1].name : std::string("play")) + "\n";
     states.push_back({states.empty() ? "begin" : "play", "", loop});
-    states.front().initialize = "set counter$moves 0\n" + std::string(unsetCounters) + states.front().initialize;
+    states.front().initialize =
+        "set counter$moves 0\n" + std::string(unsetCounters) + states.front().initialize;
     return states;
 }
 
@@ -278,7 +296,8 @@ end
 BENCHMARK(Frame_Lua)->Arg(100)->Arg(1000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(Frame_Zorbino)->Arg(100)->Arg(1000)->Unit(benchmark::kMicrosecond);
 
-// Drawing ----------------------------------------------------------------------------------------------------------
+// Drawing
+// ----------------------------------------------------------------------------------------------------------
 
 constexpr int graphicSize = 32;
 
@@ -291,7 +310,8 @@ std::vector<Rect> placesOf(int count)
         const int y = roundToInt((100 - latticeY(i)) * 2.4) - graphicSize / 2;
         const int left = std::max(x, 0);
         const int top = std::max(y, 0);
-        places.push_back({left, top, std::min(x + graphicSize, 480) - left, std::min(y + graphicSize, 480) - top});
+        places.push_back(
+            {left, top, std::min(x + graphicSize, 480) - left, std::min(y + graphicSize, 480) - top});
     }
     return places;
 }
@@ -319,15 +339,16 @@ void DrawFrame_Memcpy(benchmark::State& state)
         std::memcpy(display.pixels().data(), background.pixels().data(), background.pixels().size_bytes());
         for (const Rect& place : places)
             for (int row = 0; row < place.height; ++row)
-                std::memcpy(&display.row(place.y + row)[static_cast<std::size_t>(place.x)], sprite.row(row).data(),
-                            static_cast<std::size_t>(place.width) * sizeof(Pixel));
+                std::memcpy(&display.row(place.y + row)[static_cast<std::size_t>(place.x)],
+                            sprite.row(row).data(), static_cast<std::size_t>(place.width) * sizeof(Pixel));
         benchmark::ClobberMemory();
     }
 }
 BENCHMARK(DrawFrame_Memcpy)->Arg(0)->Arg(1000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(DrawFrame_Zorbino)->Arg(0)->Arg(1000)->Unit(benchmark::kMicrosecond);
 
-// Reading ----------------------------------------------------------------------------------------------------------
+// Reading
+// ----------------------------------------------------------------------------------------------------------
 
 class Silent : public ParseReporter
 {
@@ -373,7 +394,8 @@ void Read_Lua(benchmark::State& state)
 BENCHMARK(Read_Lua)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
 BENCHMARK(Read_Zorbino)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
 
-// The trace --------------------------------------------------------------------------------------------------------
+// The trace
+// --------------------------------------------------------------------------------------------------------
 
 void Trace_AllBoxes(benchmark::State& state)
 {

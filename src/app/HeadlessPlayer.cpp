@@ -54,7 +54,8 @@ std::string withProductLineEnds(std::string_view text)
     return out;
 }
 
-HeadlessPlayer::HeadlessPlayer(ZB& module, const Installation& installation, PictureReader& pictures, Output output)
+HeadlessPlayer::HeadlessPlayer(ZB& module, const Installation& installation, PictureReader& pictures,
+                               Output output)
     : m_output(std::move(output))
     , m_interpreter(module, installation, pictures, Ports{*this, *this, *this, *this, *this, *this})
 {
@@ -114,7 +115,10 @@ void HeadlessPlayer::show(std::string_view text)
     printLines("? ", text);
 }
 
-void HeadlessPlayer::messageBox(std::string_view text) { printLines("! ", text); }
+void HeadlessPlayer::messageBox(std::string_view text)
+{
+    printLines("! ", text);
+}
 
 void HeadlessPlayer::printLines(std::string_view mark, std::string_view text)
 {

@@ -28,8 +28,8 @@ struct KeyChange {
     int code = 0;
 };
 
-/// Reads "FRAME down CODE" and "FRAME up CODE" lines; empty lines and lines that start with # are skipped. False where
-/// a line is anything else; `badLine` is then its number.
+/// Reads "FRAME down CODE" and "FRAME up CODE" lines; empty lines and lines that start with # are skipped.
+/// False where a line is anything else; `badLine` is then its number.
 bool parseKeys(std::string_view text, std::vector<KeyChange>& keys, int& badLine);
 
 /// Where a game folder given on the command line lies: the installation around it, and the game in it.
@@ -44,7 +44,8 @@ GamePlace placeOf(const std::filesystem::path& gameFolder);
 /// The text of a program file with every line ended by CR LF; nothing where it cannot be read.
 std::string withProductLineEnds(std::string_view text);
 
-/// Plays a game without a window and without waiting, as fast as it goes. Every line of output goes to `output`.
+/// Plays a game without a window and without waiting, as fast as it goes. Every line of output goes to
+/// `output`.
 class HeadlessPlayer : private GameScreen,
                        private GameEditorPort,
                        private CodeEditorPort,

@@ -60,7 +60,8 @@ void printLine(std::string_view line)
 /// Output that did not get through (a full disk, say) must not look like success.
 int finish(int status)
 {
-    return std::fflush(stdout) == 0 && std::ferror(stdout) == 0 ? status : complain("the output could not be written");
+    return std::fflush(stdout) == 0 && std::ferror(stdout) == 0 ? status
+                                                                : complain("the output could not be written");
 }
 
 class PrintingReporter : public ParseReporter
@@ -90,7 +91,7 @@ int check(const std::string& file)
     return finish(program.Parse(lines, reporter) ? Fine : ParseFailed);
 }
 
-template <typename Number> bool parseNumber(std::string_view word, Number& number)
+template<typename Number> bool parseNumber(std::string_view word, Number& number)
 {
     const auto result = std::from_chars(word.data(), word.data() + word.size(), number);
     return result.ec == std::errc() && result.ptr == word.data() + word.size();
@@ -223,7 +224,8 @@ int play([[maybe_unused]] int argc, [[maybe_unused]] char** argv, const std::str
 #ifdef ZB_WITH_WINDOWS
     ZB module;
     readProperties(installation, place, module);
-    return playInWindow(argc, argv, module, installation) ? Fine : complain("cannot read the program of the game");
+    return playInWindow(argc, argv, module, installation) ? Fine
+                                                          : complain("cannot read the program of the game");
 #else
     return complain("this zbl was built without windows; zbl run plays without one");
 #endif
@@ -245,5 +247,6 @@ int main(int argc, char** argv)
         return run(words.subspan(2));
     if (command == "play" && argc == 3)
         return play(argc, argv, words[2]);
-    return complain("call me as \"zbl check FILE\", \"zbl run GAME\" or \"zbl play GAME\" (zbl --help tells more)");
+    return complain(
+        "call me as \"zbl check FILE\", \"zbl run GAME\" or \"zbl play GAME\" (zbl --help tells more)");
 }

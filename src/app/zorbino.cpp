@@ -4,6 +4,7 @@
 #include "runtime/GameFolders.h"
 
 #include <QApplication>
+
 #include <QCommandLineParser>
 #include <QTimer>
 
@@ -74,7 +75,9 @@ int main(int argc, char* argv[])
     words.process(application);
 
     Workbench workbench(workingDirectory());
-    if (!workbench.installation().isFile("zorbino.exe")) {
+    // A link to the program is as good as the program.
+    if (!workbench.installation().isFile("zorbino.exe") &&
+        !std::filesystem::exists(workingDirectory() / "zorbino.exe")) {
         if (words.isSet(selfTestWord))
             return 1;
         forms::tell(nullptr, wrongFolder.toString());

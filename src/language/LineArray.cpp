@@ -45,7 +45,8 @@ void LineArray::cutIntoLines()
             else if (static_cast<unsigned char>(c) >= 0x80)
                 ascii = false;
         }
-        const std::string_view line = trimSpaces({start, static_cast<std::size_t>((codeEnd ? codeEnd : at) - start)});
+        const std::string_view line =
+            trimSpaces({start, static_cast<std::size_t>((codeEnd ? codeEnd : at) - start)});
         m_lines.push_back(ascii ? line : std::string_view(m_foreign.emplace_back(lowerCase(line))));
         at += 2;
     }

@@ -6,9 +6,9 @@
 #include <string_view>
 #include <vector>
 
-/// The lines of a program text, numbered from 1 and normalised: comments (from ";" on) cut off, spaces trimmed,
-/// lower case. Tabs stay. Only CR LF ends a line. Two line ends are appended to the text first, so that its last line
-/// is complete and the array ends with at least one empty line.
+/// The lines of a program text, numbered from 1 and normalised: comments (from ";" on) cut off, spaces
+/// trimmed, lower case. Tabs stay. Only CR LF ends a line. Two line ends are appended to the text first, so
+/// that its last line is complete and the array ends with at least one empty line.
 class LineArray
 {
 public:

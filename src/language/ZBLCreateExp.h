@@ -10,7 +10,10 @@ class ZBLCreateExp final : public ZBLStatement
 public:
     enum Operand : std::uint8_t { Class, Tag, Graphic, Direction, Speed, X, Y, Z };
 
-    ZBLCreateExp() : ZBLStatement(Type::Create) {}
+    ZBLCreateExp()
+        : ZBLStatement(Type::Create)
+    {
+    }
     bool Parse(const ZBLReader& reader, int line) override;
     std::string toString() const override;
 

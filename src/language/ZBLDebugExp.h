@@ -6,7 +6,10 @@
 class ZBLDebugExp final : public ZBLStatement
 {
 public:
-    ZBLDebugExp() : ZBLStatement(Type::Pause) {}
+    ZBLDebugExp()
+        : ZBLStatement(Type::Pause)
+    {
+    }
     bool Parse(const ZBLReader& reader, int line) override;
     std::string toString() const override { return "pause"; }
 };

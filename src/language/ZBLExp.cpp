@@ -34,10 +34,11 @@ bool ZBLExp::Parse(const ZBLReader& reader, int from, int to)
         const std::string_view word = text.substr(0, text.find(' '));
         auto statement = makeStatement(word);
         if (!statement)
-            return reader.fail("This instruction begins with \"" + std::string(word) +
-                                   "\", which is a word I do not understand here.  Maybe you mistyped something, or it "
-                                   "is in the wrong place.",
-                               line);
+            return reader.fail(
+                "This instruction begins with \"" + std::string(word) +
+                    "\", which is a word I do not understand here.  Maybe you mistyped something, or it "
+                    "is in the wrong place.",
+                line);
         ZBLStatement* read = statement.get();
         m_statements.push_back(std::move(statement));
         if (!read->Parse(reader, line))

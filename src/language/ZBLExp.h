@@ -5,8 +5,9 @@
 #include <memory>
 #include <vector>
 
-/// A statement sequence: all that stands in one innermost block of a program. Statements are kept flat, in the order
-/// in which they are written; behind an if stand the statements of its blocks. So deep nesting costs no stack.
+/// A statement sequence: all that stands in one innermost block of a program. Statements are kept flat, in
+/// the order in which they are written; behind an if stand the statements of its blocks. So deep nesting
+/// costs no stack.
 class ZBLExp
 {
 public:
@@ -18,8 +19,8 @@ public:
         const ZBLStatement* statement;
     };
 
-    /// Reads the lines from `from` to `to`, both included, behind the statements that are there already. False on the
-    /// first fault, which has then been reported.
+    /// Reads the lines from `from` to `to`, both included, behind the statements that are there already.
+    /// False on the first fault, which has then been reported.
     bool Parse(const ZBLReader& reader, int from, int to);
     bool isempty() const { return m_items.empty(); }
     /// Statements of the block itself, an if with all in it counting as one.

@@ -6,7 +6,8 @@
 namespace
 {
 
-constexpr std::array<std::string_view, 6> operators = {"=", "!=", "<", ">", "<=", ">="}; // in the order of Operator
+constexpr std::array<std::string_view, 6> operators = {"=", "!=", "<",
+                                                       ">", "<=", ">="}; // in the order of Operator
 
 } // namespace
 
@@ -21,11 +22,13 @@ bool ZBLIfExp::Parse(const ZBLReader& reader, int line)
     if (left.empty())
         return reader.fail("I can't find the first part of the test in this if statement!", line);
     if (!m_left.Parse(left, reader))
-        return reader.fail("I don't understand the first part of the test (" + left + ") in this if statement.", line);
+        return reader.fail(
+            "I don't understand the first part of the test (" + left + ") in this if statement.", line);
 
     const std::string op(words.next());
     if (op.empty())
-        return reader.fail("You didn't specify an operator (e.g. =, !=, >, etc.) in this if statement.", line);
+        return reader.fail("You didn't specify an operator (e.g. =, !=, >, etc.) in this if statement.",
+                           line);
     const auto known = std::ranges::find(operators, op);
     if (known == operators.end()) {
         const std::string start = "I don't understand the operator (" + op + ") in this if statement";
@@ -38,8 +41,8 @@ bool ZBLIfExp::Parse(const ZBLReader& reader, int line)
     if (right.empty())
         return reader.fail("I can't find the second part of the test in this if statement!", line);
     if (!m_right.Parse(right, reader))
-        return reader.fail("I don't understand the second part of the test (" + right + ") in this if statement!",
-                           line);
+        return reader.fail(
+            "I don't understand the second part of the test (" + right + ") in this if statement!", line);
 
     const BlockEnd end = findBlockEnd(reader.lines, line);
     if (end.header != "if")
@@ -47,7 +50,8 @@ bool ZBLIfExp::Parse(const ZBLReader& reader, int line)
     if (end.line == BlockEnd::noBlock)
         return reader.fail("This if statement doesn't start a block (is the brace missing?)", line);
     if (end.line == BlockEnd::none)
-        return reader.fail("I can't find the end of this if statement!  You probably have unmatched braces.", line);
+        return reader.fail("I can't find the end of this if statement!  You probably have unmatched braces.",
+                           line);
     m_thenEnd = end.line;
     return true;
 }
@@ -58,7 +62,8 @@ bool ZBLIfExp::ParseElse(const ZBLReader& reader)
         return true;
     const BlockEnd end = findBlockEnd(reader.lines, m_thenEnd);
     if (end.header != "else")
-        return reader.fail("[Internal error!] This if statement doesn't begin its else clause correctly.", m_thenEnd);
+        return reader.fail("[Internal error!] This if statement doesn't begin its else clause correctly.",
+                           m_thenEnd);
     if (end.line == BlockEnd::noBlock)
         return reader.fail("This else clause doesn't start a block (is the brace missing?)", m_thenEnd);
     if (end.line == BlockEnd::none)
@@ -68,7 +73,10 @@ bool ZBLIfExp::ParseElse(const ZBLReader& reader)
     return true;
 }
 
-std::string_view ZBLIfExp::operatorText() const { return operators[static_cast<std::size_t>(m_operator)]; }
+std::string_view ZBLIfExp::operatorText() const
+{
+    return operators[static_cast<std::size_t>(m_operator)];
+}
 
 std::string ZBLIfExp::toString() const
 {

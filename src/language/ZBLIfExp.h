@@ -2,17 +2,21 @@
 
 #include "language/ZBLStatement.h"
 
-/// "if LEFT OPERATOR RIGHT {", the then-statements, "}" or "}else{", the else-statements, "}". The statements of both
-/// blocks stand behind it in the sequence that holds it.
+/// "if LEFT OPERATOR RIGHT {", the then-statements, "}" or "}else{", the else-statements, "}". The statements
+/// of both blocks stand behind it in the sequence that holds it.
 class ZBLIfExp final : public ZBLStatement
 {
 public:
     enum class Operator : std::uint8_t { Equal, NotEqual, Less, Greater, LessOrEqual, GreaterOrEqual };
 
-    ZBLIfExp() : ZBLStatement(Type::If) {}
+    ZBLIfExp()
+        : ZBLStatement(Type::If)
+    {
+    }
     /// Reads the line of the if and finds the end of its then-block.
     bool Parse(const ZBLReader& reader, int line) override;
-    /// Looks at the line that closes the then-block: finds the end of the else-block where one is opened there.
+    /// Looks at the line that closes the then-block: finds the end of the else-block where one is opened
+    /// there.
     bool ParseElse(const ZBLReader& reader);
     std::string toString() const override;
 

@@ -6,7 +6,8 @@ bool ZBLMethodExp::Parse(const ZBLReader& reader, int line)
     Words words(reader.lines[line]);
     const std::string word(words.next());
     if (word.empty())
-        return reader.fail("[Internal error!] The name of the method is not specified in this instruction.", line);
+        return reader.fail("[Internal error!] The name of the method is not specified in this instruction.",
+                           line);
     m_word = findActionWord(word);
     if (!m_word)
         return reader.fail("I don't know of any method named \"" + word + "\"", line);
@@ -29,7 +30,8 @@ bool ZBLMethodExp::Parse(const ZBLReader& reader, int line)
                parseValue(reader, words, "You didn't specify a z value in this instruction.", (*m_yz)[1]);
     case Operands::TwoObjects:
         return parseObject(reader, words, missingObject, m_object) &&
-               parseObject(reader, words, "You didn't specify what object to rebound against in this instruction.",
+               parseObject(reader, words,
+                           "You didn't specify what object to rebound against in this instruction.",
                            m_otherObject);
     case Operands::GameAndValue:
         if (words.next() != "game")
@@ -70,9 +72,10 @@ bool ZBLMethodExp::parseValue(const ZBLReader& reader, Words& words, const std::
     const std::string_view word = words.next();
     if (word.empty())
         return reader.fail(missing, m_line);
-    return value.Parse(word, reader) || reader.fail("I don't understand the value (" + std::string(word) +
-                                                        ") in this " + std::string(m_word->word) + " instruction.",
-                                                    m_line);
+    return value.Parse(word, reader) ||
+           reader.fail("I don't understand the value (" + std::string(word) + ") in this " +
+                           std::string(m_word->word) + " instruction.",
+                       m_line);
 }
 
 std::string ZBLMethodExp::toString() const

@@ -8,7 +8,10 @@
 class ZBLMethodExp final : public ZBLStatement
 {
 public:
-    ZBLMethodExp() : ZBLStatement(Type::Action) {}
+    ZBLMethodExp()
+        : ZBLStatement(Type::Action)
+    {
+    }
     bool Parse(const ZBLReader& reader, int line) override;
     std::string toString() const override;
 
@@ -22,13 +25,16 @@ public:
     const ZBLSimpleExp& valueZ() const { return (*m_yz)[1]; }
 
 private:
-    bool parseObject(const ZBLReader& reader, Words& words, const std::string& missing, ZBLObjectExp& object) const;
+    bool parseObject(const ZBLReader& reader, Words& words, const std::string& missing,
+                     ZBLObjectExp& object) const;
     bool parseSprite(const ZBLReader& reader, Words& words, const std::string& missing);
-    bool parseValue(const ZBLReader& reader, Words& words, const std::string& missing, ZBLSimpleExp& value) const;
+    bool parseValue(const ZBLReader& reader, Words& words, const std::string& missing,
+                    ZBLSimpleExp& value) const;
 
     const ActionWord* m_word = nullptr;
     ZBLObjectExp m_object;
     ZBLObjectExp m_otherObject;
     ZBLSimpleExp m_value;
-    std::unique_ptr<std::array<ZBLSimpleExp, 2>> m_yz; ///< only the two statements that take a place have them
+    std::unique_ptr<std::array<ZBLSimpleExp, 2>>
+        m_yz; ///< only the two statements that take a place have them
 };

@@ -14,8 +14,8 @@ bool ZBLMutateExp::Parse(const ZBLReader& reader, int line)
         return reader.fail("You didn't specify a variable to " + verb + " in this statement.", line);
     const auto variable = reader.variables.Parse(target, reader.pool);
     if (!variable)
-        return reader.fail("I don't understand the variable name (" + std::string(target) + ") in this " + verb +
-                               " statement.",
+        return reader.fail("I don't understand the variable name (" + std::string(target) + ") in this " +
+                               verb + " statement.",
                            line);
     m_target = *variable;
 
@@ -23,7 +23,8 @@ bool ZBLMutateExp::Parse(const ZBLReader& reader, int line)
     if (value.empty())
         return reader.fail("You didn't specify a value in this " + verb + " statement.", line);
     if (!m_value.Parse(value, reader))
-        return reader.fail("I don't understand the value (" + std::string(value) + ") in this " + verb + " statement.",
+        return reader.fail("I don't understand the value (" + std::string(value) + ") in this " + verb +
+                               " statement.",
                            line);
     return true;
 }

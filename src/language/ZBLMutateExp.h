@@ -8,7 +8,10 @@ class ZBLMutateExp final : public ZBLStatement
 public:
     enum class Verb : std::uint8_t { Set, Change };
 
-    ZBLMutateExp() : ZBLStatement(Type::Mutate) {}
+    ZBLMutateExp()
+        : ZBLStatement(Type::Mutate)
+    {
+    }
     bool Parse(const ZBLReader& reader, int line) override;
     std::string toString() const override;
 

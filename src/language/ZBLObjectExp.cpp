@@ -15,4 +15,7 @@ std::optional<ZBLObjectExp> ZBLObjectExp::Parse(std::string_view word)
     return std::nullopt;
 }
 
-std::string_view ZBLObjectExp::getName() const { return names[static_cast<std::size_t>(m_name)]; }
+std::string_view ZBLObjectExp::getName() const
+{
+    return names[static_cast<std::size_t>(m_name)];
+}

@@ -11,7 +11,10 @@ public:
     enum class Name : std::uint8_t { Me, It, Game, Keyboard, Mouse, Joystick };
 
     ZBLObjectExp() = default;
-    explicit ZBLObjectExp(Name name) : m_name(name) {}
+    explicit ZBLObjectExp(Name name)
+        : m_name(name)
+    {
+    }
     static std::optional<ZBLObjectExp> Parse(std::string_view word);
 
     Name name() const { return m_name; }

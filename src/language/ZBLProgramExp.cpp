@@ -8,12 +8,15 @@ namespace
 {
 
 // In the order of EventName; the order in which a listing shows them as well.
-constexpr std::array<std::string_view, eventNameCount> eventNames = {"normal", "collision", "mapchange", "create",
-                                                                     "destroy"};
+constexpr std::array<std::string_view, eventNameCount> eventNames = {"normal", "collision", "mapchange",
+                                                                     "create", "destroy"};
 constexpr std::array<std::string_view, 2> partNames = {"initialize", "loop"};
 
 /// The block name of an opening line: all of it but the brace.
-std::string_view blockName(std::string_view opener) { return opener.substr(0, opener.size() - 1); }
+std::string_view blockName(std::string_view opener)
+{
+    return opener.substr(0, opener.size() - 1);
+}
 
 std::string braces(std::string_view header, std::string_view footer)
 {
@@ -21,16 +24,20 @@ std::string braces(std::string_view header, std::string_view footer)
 }
 
 /// "... is named incorrectly. I expected to find A{ ... }A, but instead found A{ ... }B."
-std::string misnamed(std::string_view what, std::string_view expected, std::string_view header, std::string_view footer)
+std::string misnamed(std::string_view what, std::string_view expected, std::string_view header,
+                     std::string_view footer)
 {
     return "You either have mismatched opening and closing braces or the end of " + std::string(what) +
-           " is named incorrectly.  I expected to find " + braces(expected, expected) + ", but instead found " +
-           braces(header, footer) + ".";
+           " is named incorrectly.  I expected to find " + braces(expected, expected) +
+           ", but instead found " + braces(header, footer) + ".";
 }
 
 } // namespace
 
-std::string_view toString(EventName event) { return eventNames[static_cast<std::size_t>(event)]; }
+std::string_view toString(EventName event)
+{
+    return eventNames[static_cast<std::size_t>(event)];
+}
 
 bool ZBLClassExp::Parse(const ZBLReader& reader, int& line)
 {
@@ -39,21 +46,23 @@ bool ZBLClassExp::Parse(const ZBLReader& reader, int& line)
     m_className = block.header;
     const std::string shown = upperCase(m_className);
     if (block.line < 0)
-        return reader.fail("The " + shown + " class definition block does not have an ending! (No \"}CLASSES\" found.)",
+        return reader.fail("The " + shown +
+                               " class definition block does not have an ending! (No \"}CLASSES\" found.)",
                            opening);
     if (block.footer != block.header)
-        return reader.fail(misnamed("this class definition block", m_className, m_className, block.footer), opening,
-                           block.line);
+        return reader.fail(misnamed("this class definition block", m_className, m_className, block.footer),
+                           opening, block.line);
     for (line = opening + 1;;) {
         const int eventLine = findNextBlock(reader.lines, line);
         if (eventLine < 0 || eventLine >= block.line)
             break;
         const BlockEnd event = findBlockEnd(reader.lines, eventLine);
         if (event.line < 0)
-            return reader.fail("I can't find the end of the " + upperCase(event.header) + " event block.", eventLine);
+            return reader.fail("I can't find the end of the " + upperCase(event.header) + " event block.",
+                               eventLine);
         if (event.footer != event.header)
-            return reader.fail(misnamed("this event block", event.header, event.header, event.footer), eventLine,
-                               event.line);
+            return reader.fail(misnamed("this event block", event.header, event.header, event.footer),
+                               eventLine, event.line);
         const auto name = std::ranges::find(eventNames, event.header);
         if (name == eventNames.end())
             return reader.fail(upperCase(event.header) +
@@ -91,7 +100,8 @@ bool ZBLStateExp::Parse(const ZBLReader& reader, int& line)
     if (block.line < 0)
         return reader.fail("I can't find the end of the state block named " + shown + ".", opening);
     if (block.footer != block.header)
-        return reader.fail(misnamed("this state block", m_stateName, m_stateName, block.footer), opening, block.line);
+        return reader.fail(misnamed("this state block", m_stateName, m_stateName, block.footer), opening,
+                           block.line);
     m_present = {};
     for (line = opening + 1;;) {
         const int partLine = findNextBlock(reader.lines, line);
@@ -106,10 +116,11 @@ bool ZBLStateExp::Parse(const ZBLReader& reader, int& line)
         const auto index = static_cast<std::size_t>(part - partNames.begin());
         const BlockEnd end = findBlockEnd(reader.lines, partLine);
         if (end.line < 0 || end.line > block.line)
-            return reader.fail(index == 0
-                                   ? "I can't find the end of the INITIALIZE block inside of state named " + shown + "!"
-                                   : "I can't find the end of the LOOP block inside state named " + shown + "!",
-                               partLine);
+            return reader.fail(
+                index == 0
+                    ? "I can't find the end of the INITIALIZE block inside of state named " + shown + "!"
+                    : "I can't find the end of the LOOP block inside state named " + shown + "!",
+                partLine);
         if (!m_parts[index].Parse(reader, partLine + 1, end.line - 1))
             return false;
         m_present[index] = true;
@@ -141,14 +152,16 @@ bool ZBLProgramExp::Parse(const LineArray& lines, ParseReporter& reporter, int l
         return reader.fail("I could not find the beginning of the PROGRAM block (\"PROGRAM{\")!", line);
     const BlockEnd program = findBlockEnd(lines, opening);
     if (program.line < 0)
-        return reader.fail("Could not find a PROGRAM block ending (\"}PROGRAM\")!  This is usually caused by mismatched "
-                           "braces.",
-                           opening);
+        return reader.fail(
+            "Could not find a PROGRAM block ending (\"}PROGRAM\")!  This is usually caused by mismatched "
+            "braces.",
+            opening);
     if (program.header != "program" || program.footer != "program")
-        return reader.fail("You either have mismatched opening and closing braces or the end of the program block is "
-                           "named incorrectly.  I expected to find PROGRAM{ ... }PROGRAM, but instead found " +
-                               braces(program.header, program.footer) + ".",
-                           program.line);
+        return reader.fail(
+            "You either have mismatched opening and closing braces or the end of the program block is "
+            "named incorrectly.  I expected to find PROGRAM{ ... }PROGRAM, but instead found " +
+                braces(program.header, program.footer) + ".",
+            program.line);
     for (line = opening + 1;;) {
         const int block = findNextBlock(lines, line);
         if (block < 0 || block >= program.line)
@@ -176,7 +189,8 @@ bool ZBLProgramExp::parseClasses(const ZBLReader& reader, int& line)
     if (block.line < 0)
         return reader.fail("The CLASSES block does not have an ending! (No \"}CLASSES\" found.)", opening);
     if (block.header != block.footer)
-        return reader.fail(misnamed("this CLASSES block", "classes", block.header, block.footer), opening, block.line);
+        return reader.fail(misnamed("this CLASSES block", "classes", block.header, block.footer), opening,
+                           block.line);
     for (int next = opening + 1;;) {
         next = findNextBlock(reader.lines, next);
         if (next < 0 || next > block.line)

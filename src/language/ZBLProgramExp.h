@@ -58,12 +58,14 @@ public:
     ZBLProgramExp(const ZBLProgramExp&) = delete;
     ZBLProgramExp& operator=(const ZBLProgramExp&) = delete;
 
-    /// Reads the program that begins at or behind line `line`. False on the first fault, which has been reported.
+    /// Reads the program that begins at or behind line `line`. False on the first fault, which has been
+    /// reported.
     bool Parse(const LineArray& lines, ParseReporter& reporter, int line = 1);
     /// A developer's listing of the whole tree, lines ended by CR LF.
     std::string Display() const;
 
-    // Classes and states are found by their registered name, the opening line without its "{"; the first one counts.
+    // Classes and states are found by their registered name, the opening line without its "{"; the first one
+    // counts.
     std::optional<int> findClass(std::string_view name) const { return find(m_classOf, name); }
     std::optional<int> findState(std::string_view name) const { return find(m_stateOf, name); }
     bool knownClass(std::string_view name) const;

@@ -45,7 +45,10 @@ struct ZBLReader {
 class Words
 {
 public:
-    explicit Words(std::string_view line) : m_line(line) {}
+    explicit Words(std::string_view line)
+        : m_line(line)
+    {
+    }
     std::string_view next() { return nextWord(m_line, m_position); }
 
 private:

@@ -6,7 +6,10 @@
 class ZBLSetStateExp final : public ZBLStatement
 {
 public:
-    ZBLSetStateExp() : ZBLStatement(Type::SetState) {}
+    ZBLSetStateExp()
+        : ZBLStatement(Type::SetState)
+    {
+    }
     bool Parse(const ZBLReader& reader, int line) override;
     std::string toString() const override { return "setstate " + *m_stateName; }
 

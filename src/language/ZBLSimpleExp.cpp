@@ -62,7 +62,7 @@ constexpr std::array keyNames = {
     KeyName{"left", 37}, KeyName{"up", 38}, KeyName{"right", 39}, KeyName{"down", 40}, KeyName{"space", 32},
 };
 
-template <typename Table> Property lookUp(const Table& table, std::string_view name)
+template<typename Table> Property lookUp(const Table& table, std::string_view name)
 {
     const auto row = std::ranges::find(table, name, &PropertyName::name);
     return row != table.end() ? row->property : Property::Unknown;

@@ -10,7 +10,8 @@
 #include <string>
 #include <string_view>
 
-/// The properties that objects have. A name that its object does not have is Unknown and reported when it is read.
+/// The properties that objects have. A name that its object does not have is Unknown and reported when it is
+/// read.
 enum class Property : std::uint8_t {
     Unknown,
     // of sprites; the colours stand in the order of the map's colours
@@ -39,11 +40,19 @@ enum class Property : std::uint8_t {
 class ZBLSimpleExp
 {
 public:
-    enum class Kind : std::uint8_t { None = 0, Variable = 1, Literal = 2, Property = 3, Random = 4, ClassName = 5 };
+    enum class Kind : std::uint8_t {
+        None = 0,
+        Variable = 1,
+        Literal = 2,
+        Property = 3,
+        Random = 4,
+        ClassName = 5
+    };
 
     /// Reads the word. Reports nothing (an unclosed text beeps): the statement words the message.
     bool Parse(std::string_view word, const ZBLReader& reader);
-    /// The operand as written: a number, a text between quotes, a class name in upper case, "me.x", "random(1,6)".
+    /// The operand as written: a number, a text between quotes, a class name in upper case, "me.x",
+    /// "random(1,6)".
     std::string toString() const;
 
     Kind kind() const { return m_kind; }

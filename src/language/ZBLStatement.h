@@ -17,8 +17,8 @@ public:
     ZBLStatement(const ZBLStatement&) = delete;
     ZBLStatement& operator=(const ZBLStatement&) = delete;
 
-    /// Reads the statement on line `line`. False where it is no such statement; that has then been reported. An if
-    /// reads only its own line: its blocks are read by the sequence that holds it.
+    /// Reads the statement on line `line`. False where it is no such statement; that has then been reported.
+    /// An if reads only its own line: its blocks are read by the sequence that holds it.
     virtual bool Parse(const ZBLReader& reader, int line) = 0;
     /// The statement as a line of the listing.
     virtual std::string toString() const = 0;
@@ -27,7 +27,10 @@ public:
     int line() const { return m_line; }
 
 protected:
-    explicit ZBLStatement(Type type) : m_type(type) {}
+    explicit ZBLStatement(Type type)
+        : m_type(type)
+    {
+    }
 
     int m_line = 0;
 

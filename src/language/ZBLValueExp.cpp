@@ -41,7 +41,10 @@ std::optional<std::string> ZBLValueExp::toBasicString() const
     return std::nullopt;
 }
 
-std::string ZBLVarExp::toString() const { return (type == ValueKind::Counter ? "counter$" : "text$") + *name; }
+std::string ZBLVarExp::toString() const
+{
+    return (type == ValueKind::Counter ? "counter$" : "text$") + *name;
+}
 
 std::string ZBVariable::toString() const
 {

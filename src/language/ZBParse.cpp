@@ -45,7 +45,10 @@ int findNextBlock(const LineArray& lines, int from)
     return -1;
 }
 
-bool startsWith(std::string_view text, std::string_view prefix) { return text.starts_with(prefix); }
+bool startsWith(std::string_view text, std::string_view prefix)
+{
+    return text.starts_with(prefix);
+}
 
 std::string_view nextWord(std::string_view text, std::size_t& position)
 {
@@ -58,7 +61,8 @@ std::string_view nextWord(std::string_view text, std::size_t& position)
     return text.substr(first, position - first);
 }
 
-bool showParseError(ParseReporter& reporter, std::string_view message, const LineArray& lines, int line, int endLine)
+bool showParseError(ParseReporter& reporter, std::string_view message, const LineArray& lines, int line,
+                    int endLine)
 {
     std::string report(message);
     report += "\r\n\r\n   ";

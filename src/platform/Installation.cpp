@@ -99,9 +99,15 @@ std::optional<fs::path> Installation::walk(std::string_view productPath, bool la
     return at;
 }
 
-std::optional<fs::path> Installation::find(std::string_view productPath) const { return walk(productPath, false); }
+std::optional<fs::path> Installation::find(std::string_view productPath) const
+{
+    return walk(productPath, false);
+}
 
-std::optional<fs::path> Installation::place(std::string_view productPath) const { return walk(productPath, true); }
+std::optional<fs::path> Installation::place(std::string_view productPath) const
+{
+    return walk(productPath, true);
+}
 
 bool Installation::isFile(std::string_view productPath) const
 {

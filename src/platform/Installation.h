@@ -25,17 +25,20 @@ public:
     bool isFile(std::string_view productPath) const;
     bool isFolder(std::string_view productPath) const;
 
-    /// Names of the entries of a folder, in the order in which the file system returns them; "." and ".." left
-    /// out; empty where the folder cannot be read. An empty path lists the installation folder itself.
+    /// Names of the entries of a folder, in the order in which the file system returns them; "." and ".."
+    /// left out; empty where the folder cannot be read. An empty path lists the installation folder itself.
     std::vector<std::string> list(std::string_view folder) const;
     /// As list, but only plain files whose name matches `pattern` ("icon.*", "*.bmp", "*.*" for all),
     /// without regard to case.
     std::vector<std::string> listFiles(std::string_view folder, std::string_view pattern) const;
 
-    /// Contents of a file; nothing where it is missing, no plain file, unreadable or larger than `limit` bytes.
-    std::optional<std::string> readBytes(std::string_view productPath, std::uintmax_t limit = maximumFileSize) const;
+    /// Contents of a file; nothing where it is missing, no plain file, unreadable or larger than `limit`
+    /// bytes.
+    std::optional<std::string> readBytes(std::string_view productPath,
+                                         std::uintmax_t limit = maximumFileSize) const;
     /// As readBytes, decoded to UTF-8 (see TextFile.h).
-    std::optional<std::string> readText(std::string_view productPath, std::uintmax_t limit = maximumFileSize) const;
+    std::optional<std::string> readText(std::string_view productPath,
+                                        std::uintmax_t limit = maximumFileSize) const;
     /// Writes a file whole or not at all. False where that failed; an older file is then untouched.
     [[nodiscard]] bool write(std::string_view productPath, std::string_view bytes) const;
     /// Copies a file, whole or not at all.

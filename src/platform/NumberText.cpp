@@ -22,7 +22,8 @@ void appendGeneralNumber(std::string& out, double value)
         return;
     }
     std::array<char, 40> buffer{};
-    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::general, 15);
+    const auto end =
+        std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::general, 15);
     for (const char* c = buffer.data(); c != end.ptr; ++c)
         out += *c >= 'a' && *c <= 'z' ? static_cast<char>(*c - 'a' + 'A') : *c;
 }
@@ -39,7 +40,8 @@ std::string fixedNumber(double value)
     if (value == 0)
         return "0.00";
     std::array<char, 400> buffer{};
-    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::fixed, 2);
+    const auto end =
+        std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::fixed, 2);
     return {buffer.data(), end.ptr};
 }
 
@@ -58,7 +60,10 @@ void appendPadded(std::string& out, std::int32_t number, int digits)
 namespace
 {
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
+bool isDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
 
 /// The leading decimal number of a text, taken apart: 0.d1d2d3... times ten to the power `point`.
 struct Decimal {
@@ -139,7 +144,10 @@ double toDouble(const Decimal& number)
 
 } // namespace
 
-double leadingNumber(std::string_view text) { return toDouble(leadingDecimal(text)); }
+double leadingNumber(std::string_view text)
+{
+    return toDouble(leadingDecimal(text));
+}
 
 double leadingNumberToNinePlaces(std::string_view text)
 {

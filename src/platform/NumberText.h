@@ -15,8 +15,8 @@ std::string fixedNumber(double value);
 /// Appends `number` in decimal with at least `digits` digits, zero-padded.
 void appendPadded(std::string& out, std::int32_t number, int digits);
 
-/// The number formed by the longest leading part of `text` of the form sign? digits? (. digits?)? (e sign? digits)?,
-/// 0 where there is none. Too large numbers give an infinity.
+/// The number formed by the longest leading part of `text` of the form sign? digits? (. digits?)? (e sign?
+/// digits)?, 0 where there is none. Too large numbers give an infinity.
 double leadingNumber(std::string_view text);
 /// As leadingNumber, but the decimal number is first rounded to nine decimal places, halves away from zero.
 double leadingNumberToNinePlaces(std::string_view text);

@@ -28,7 +28,10 @@ std::uint64_t Random::next64()
     return (high << 32U) | next32();
 }
 
-double Random::nextReal() { return static_cast<double>(next64() >> 11U) * 0x1.0p-53; }
+double Random::nextReal()
+{
+    return static_cast<double>(next64() >> 11U) * 0x1.0p-53;
+}
 
 std::uint64_t Random::below(std::uint64_t limit)
 {

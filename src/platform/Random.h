@@ -2,8 +2,9 @@
 
 #include <cstdint>
 
-/// Random numbers that are the same on every machine and with every compiler: the PCG-XSH-RR 64/32 generator of
-/// Melissa O'Neill (https://www.pcg-random.org), two of its 32-bit outputs to a 64-bit number, the first on top.
+/// Random numbers that are the same on every machine and with every compiler: the PCG-XSH-RR 64/32 generator
+/// of Melissa O'Neill (https://www.pcg-random.org), two of its 32-bit outputs to a 64-bit number, the first
+/// on top.
 class Random
 {
 public:

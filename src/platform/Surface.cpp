@@ -2,9 +2,15 @@
 
 #include <algorithm>
 
-Surface::Surface(int width, int height, Pixel colour) { reset(width, height, colour); }
+Surface::Surface(int width, int height, Pixel colour)
+{
+    reset(width, height, colour);
+}
 
-void Surface::fill(Pixel colour) { std::ranges::fill(m_pixels, colour); }
+void Surface::fill(Pixel colour)
+{
+    std::ranges::fill(m_pixels, colour);
+}
 
 void Surface::reset(int width, int height, Pixel colour)
 {
@@ -22,7 +28,8 @@ void stretch(Surface& to, const Surface& from)
         columns[static_cast<std::size_t>(x)] =
             static_cast<int>(static_cast<std::int64_t>(x) * from.width() / to.width());
     for (int y = 0; y < to.height(); ++y) {
-        const auto source = from.row(static_cast<int>(static_cast<std::int64_t>(y) * from.height() / to.height()));
+        const auto source =
+            from.row(static_cast<int>(static_cast<std::int64_t>(y) * from.height() / to.height()));
         const auto target = to.row(y);
         for (std::size_t x = 0; x < target.size(); ++x)
             target[x] = source[static_cast<std::size_t>(columns[x])] | opaqueBits;

@@ -24,7 +24,8 @@ std::size_t sequenceLength(std::string_view bytes, std::size_t at)
     if (lead >= 0xc2 && lead <= 0xdf)
         return follows(1) ? 2 : 0;
     if (lead >= 0xe0 && lead <= 0xef) {
-        if (!follows(1) || !follows(2) || (lead == 0xe0 && byte(1) < 0xa0) || (lead == 0xed && byte(1) > 0x9f))
+        if (!follows(1) || !follows(2) || (lead == 0xe0 && byte(1) < 0xa0) ||
+            (lead == 0xed && byte(1) > 0x9f))
             return 0;
         return 3;
     }
@@ -39,14 +40,17 @@ std::size_t sequenceLength(std::string_view bytes, std::size_t at)
 
 char32_t decodeSequence(std::string_view bytes, std::size_t at, std::size_t length)
 {
-    const auto byte = [&](std::size_t i) { return static_cast<char32_t>(static_cast<unsigned char>(bytes[at + i])); };
+    const auto byte = [&](std::size_t i) {
+        return static_cast<char32_t>(static_cast<unsigned char>(bytes[at + i]));
+    };
     switch (length) {
     case 2:
         return ((byte(0) & 0x1fU) << 6U) | (byte(1) & 0x3fU);
     case 3:
         return ((byte(0) & 0x0fU) << 12U) | ((byte(1) & 0x3fU) << 6U) | (byte(2) & 0x3fU);
     case 4:
-        return ((byte(0) & 0x07U) << 18U) | ((byte(1) & 0x3fU) << 12U) | ((byte(2) & 0x3fU) << 6U) | (byte(3) & 0x3fU);
+        return ((byte(0) & 0x07U) << 18U) | ((byte(1) & 0x3fU) << 12U) | ((byte(2) & 0x3fU) << 6U) |
+               (byte(3) & 0x3fU);
     default:
         return byte(0);
     }
@@ -72,7 +76,8 @@ void appendUtf8(std::string& out, char32_t code)
     }
 }
 
-// Windows-1252, 0x80 to 0x9f; the five bytes without a character stand for the control codes of the same number.
+// Windows-1252, 0x80 to 0x9f; the five bytes without a character stand for the control codes of the same
+// number.
 constexpr std::array<char32_t, 32> windows1252 = {
     0x20ac, 0x81,   0x201a, 0x0192, 0x201e, 0x2026, 0x2020, 0x2021, 0x02c6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x8d,   0x017d, 0x8f,   0x90,   0x2018, 0x2019, 0x201c, 0x201d, 0x2022,
@@ -93,7 +98,7 @@ bool isAscii(std::string_view text)
     return true;
 }
 
-template <typename Convert> std::string convertCase(std::string_view utf8, Convert convert)
+template<typename Convert> std::string convertCase(std::string_view utf8, Convert convert)
 {
     std::string out;
     out.reserve(utf8.size());
@@ -129,7 +134,10 @@ char32_t toUpper(char32_t code)
 class Descriptor
 {
 public:
-    explicit Descriptor(int handle) : m_handle(handle) {}
+    explicit Descriptor(int handle)
+        : m_handle(handle)
+    {
+    }
     ~Descriptor()
     {
         if (m_handle >= 0)
@@ -210,9 +218,15 @@ std::vector<std::string_view> splitLines(std::string_view text)
     return lines;
 }
 
-std::string lowerCase(std::string_view utf8) { return convertCase(utf8, toLower); }
+std::string lowerCase(std::string_view utf8)
+{
+    return convertCase(utf8, toLower);
+}
 
-std::string upperCase(std::string_view utf8) { return convertCase(utf8, toUpper); }
+std::string upperCase(std::string_view utf8)
+{
+    return convertCase(utf8, toUpper);
+}
 
 void makeLowerCase(std::string& text)
 {
@@ -228,7 +242,8 @@ std::optional<std::string> readFileBytes(const std::filesystem::path& file, std:
 {
     // Not blocking, so that a pipe that somebody left in a game folder cannot hold the program up.
     const Descriptor descriptor(::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-    struct stat status {};
+    struct stat status {
+    };
     if (!descriptor.isOpen() || ::fstat(descriptor.get(), &status) != 0 || !S_ISREG(status.st_mode) ||
         static_cast<std::uintmax_t>(status.st_size) > limit)
         return std::nullopt;
@@ -257,17 +272,20 @@ bool writeFileWhole(const std::filesystem::path& file, std::string_view bytes)
     Descriptor descriptor(::mkostemp(temporary.data(), O_CLOEXEC));
     if (!descriptor.isOpen())
         return false;
-    struct stat old {};
+    struct stat old {
+    };
     const bool replaces = ::stat(file.c_str(), &old) == 0;
     const mode_t mask = ::umask(0);
     ::umask(mask);
     const mode_t mode = replaces ? old.st_mode & 07777U : 0666U & ~mask;
     if (!writeAll(descriptor.get(), bytes) || ::fchmod(descriptor.get(), mode) != 0 ||
-        ::fsync(descriptor.get()) != 0 || !descriptor.close() || ::rename(temporary.c_str(), file.c_str()) != 0) {
+        ::fsync(descriptor.get()) != 0 || !descriptor.close() ||
+        ::rename(temporary.c_str(), file.c_str()) != 0) {
         ::unlink(temporary.c_str());
         return false;
     }
-    // The new name must reach the disk too; where a folder cannot be synced, the file itself is safe all the same.
+    // The new name must reach the disk too; where a folder cannot be synced, the file itself is safe all the
+    // same.
     const Descriptor folder(::open(file.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (folder.isOpen())
         ::fsync(folder.get());

@@ -89,7 +89,8 @@ bool ZBContext::runOnSprite(const ZBLMethodExp& statement)
 
 bool ZBContext::failNoCounter(const ZBLMethodExp& statement)
 {
-    return fail(std::string(statement.methodName()) + " method takes a counter or a number!", statement.line());
+    return fail(std::string(statement.methodName()) + " method takes a counter or a number!",
+                statement.line());
 }
 
 bool ZBContext::runWithValue(const ZBLMethodExp& statement)
@@ -294,10 +295,11 @@ bool ZBContext::runCreate(const ZBLCreateExp& statement)
     if (!evaluate(classOperand, value, line))
         return fail("Could not get a class name from " + classOperand.toString(), line);
     if (!value.isClassName())
-        return fail("When I got the value of " + classOperand.toString() + ", I expected a class name but got " +
-                        valueText(value),
+        return fail("When I got the value of " + classOperand.toString() +
+                        ", I expected a class name but got " + valueText(value),
                     line);
-    const auto classIndex = m_run.programLoaded ? m_run.program->tree.findClass(*value.stringVal) : std::nullopt;
+    const auto classIndex =
+        m_run.programLoaded ? m_run.program->tree.findClass(*value.stringVal) : std::nullopt;
     if (!classIndex)
         return fail("You tried to make a sprite of class " + valueText(value) +
                         ", but there is no class of this type!",
@@ -326,7 +328,8 @@ bool ZBContext::runCreate(const ZBLCreateExp& statement)
                         line);
         if (!value.isCounter())
             return fail("While trying to set the " + std::string(number.what) +
-                            " for a sprite, I expected a counter or a number but got the value " + valueText(value),
+                            " for a sprite, I expected a counter or a number but got the value " +
+                            valueText(value),
                         line);
         number.target = value.realVal;
     }
@@ -337,9 +340,10 @@ bool ZBContext::runCreate(const ZBLCreateExp& statement)
                         graphicOperand.toString(),
                     line);
     if (!value.isText())
-        return fail("While trying to set the sprite graphic for a sprite, I expected a text but got the value " +
-                        valueText(value),
-                    line);
+        return fail(
+            "While trying to set the sprite graphic for a sprite, I expected a text but got the value " +
+                valueText(value),
+            line);
     return createSprite(wanted, *value.stringVal) ||
            fail("Could not find sprite graphic named " + *value.stringVal, line);
 }

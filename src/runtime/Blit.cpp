@@ -25,7 +25,10 @@ namespace
 }
 
 #if defined(__x86_64__)
-[[gnu::target("avx2")]] void blitAvx2(const BlitJob& job) { blitRows(job); }
+[[gnu::target("avx2")]] void blitAvx2(const BlitJob& job)
+{
+    blitRows(job);
+}
 #endif
 
 using Routine = void (*)(const BlitJob&);
@@ -41,7 +44,10 @@ Routine bestRoutine()
 
 } // namespace
 
-void blitPlain(const BlitJob& job) { blitRows(job); }
+void blitPlain(const BlitJob& job)
+{
+    blitRows(job);
+}
 
 void blit(const BlitJob& job)
 {

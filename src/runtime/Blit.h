@@ -15,8 +15,8 @@ struct BlitJob {
     std::size_t height;
 };
 
-/// target = (target AND mask) OR image, pixel by pixel (the raster operations SRCAND and SRCPAINT in one pass), by the
-/// quickest routine for the processor that the program runs on.
+/// target = (target AND mask) OR image, pixel by pixel (the raster operations SRCAND and SRCPAINT in one
+/// pass), by the quickest routine for the processor that the program runs on.
 void blit(const BlitJob& job);
 /// The same by the routine that every processor runs.
 void blitPlain(const BlitJob& job);

@@ -4,8 +4,9 @@
 #include <cstdint>
 #include <vector>
 
-/// Finds the sprites near a point without looking at all of them: the plane is cut into squares of 8 x 8 units, and
-/// every sprite stands in the list of its square. Squares 512 units apart share a list, so that the plane has no end.
+/// Finds the sprites near a point without looking at all of them: the plane is cut into squares of 8 x 8
+/// units, and every sprite stands in the list of its square. Squares 512 units apart share a list, so that
+/// the plane has no end.
 class CollisionGrid
 {
 public:
@@ -21,11 +22,12 @@ public:
     void removeLast();
     int count() const { return static_cast<int>(m_nodes.size()); }
 
-    /// Replaces `hits` by the numbers of all sprites but `index` that collide with one at (x, y), in rising order.
+    /// Replaces `hits` by the numbers of all sprites but `index` that collide with one at (x, y), in rising
+    /// order.
     void findHits(int index, double x, double y, std::vector<int>& hits) const;
 
 private:
-    static constexpr int side = 64; // squares across before the lists repeat
+    static constexpr int side = 64;                 // squares across before the lists repeat
     static constexpr double squaresPerUnit = 0.125; // a power of two: exact at every magnitude
 
     struct Node {

@@ -17,9 +17,12 @@ namespace
 {
 
 /// Neither too big nor unset: variables that have not been set hold no number, so this one test finds both.
-bool isUsable(double number) { return std::abs(number) <= std::numeric_limits<double>::max(); }
+bool isUsable(double number)
+{
+    return std::abs(number) <= std::numeric_limits<double>::max();
+}
 
-template <typename Value> bool holds(std::uint8_t op, const Value& left, const Value& right)
+template<typename Value> bool holds(std::uint8_t op, const Value& left, const Value& right)
 {
     using Operator = ZBLIfExp::Operator;
     switch (static_cast<Operator>(op)) {
@@ -41,8 +44,8 @@ template <typename Value> bool holds(std::uint8_t op, const Value& left, const V
 
 } // namespace
 
-// Threaded code: every step jumps straight to the next one's label, which is what makes the branch predictor good at
-// it. The addresses of labels are an extension that both compilers have.
+// Threaded code: every step jumps straight to the next one's label, which is what makes the branch predictor
+// good at it. The addresses of labels are an extension that both compilers have.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wpedantic"
 
@@ -50,20 +53,44 @@ bool ZBContext::Interpret(const SequenceCode& code)
 {
     // In the order of Op.
     static const void* const labels[] = {
-        &&end, &&jump, &&announce, &&announceIf, &&endIf,
-        &&setCounterConstant, &&setCounterVariable, &&setTextConstant, &&setTextVariable,
-        &&changeConstant, &&changeVariable,
-        &&ifConstantEqual, &&ifConstantNotEqual, &&ifConstantLess, &&ifConstantGreater, &&ifConstantLessOrEqual,
+        &&end,
+        &&jump,
+        &&announce,
+        &&announceIf,
+        &&endIf,
+        &&setCounterConstant,
+        &&setCounterVariable,
+        &&setTextConstant,
+        &&setTextVariable,
+        &&changeConstant,
+        &&changeVariable,
+        &&ifConstantEqual,
+        &&ifConstantNotEqual,
+        &&ifConstantLess,
+        &&ifConstantGreater,
+        &&ifConstantLessOrEqual,
         &&ifConstantGreaterOrEqual,
-        &&ifVariableEqual, &&ifVariableNotEqual, &&ifVariableLess, &&ifVariableGreater, &&ifVariableLessOrEqual,
+        &&ifVariableEqual,
+        &&ifVariableNotEqual,
+        &&ifVariableLess,
+        &&ifVariableGreater,
+        &&ifVariableLessOrEqual,
         &&ifVariableGreaterOrEqual,
-        &&ifTextConstantEqual, &&ifTextConstantNotEqual, &&ifTextVariableEqual, &&ifTextVariableNotEqual,
-        &&ifStatement, &&mutate, &&action, &&create, &&setState, &&pause,
+        &&ifTextConstantEqual,
+        &&ifTextConstantNotEqual,
+        &&ifTextVariableEqual,
+        &&ifTextVariableNotEqual,
+        &&ifStatement,
+        &&mutate,
+        &&action,
+        &&create,
+        &&setState,
+        &&pause,
     };
     static_assert(std::size(labels) == static_cast<std::size_t>(Op::count), "a label for every step");
 
-    // Boxes are ticked and the step mode is switched between blocks or while an announced statement waits, so that the
-    // choice holds for the whole block.
+    // Boxes are ticked and the step mode is switched between blocks or while an announced statement waits, so
+    // that the choice holds for the whole block.
     const bool isTraced = m_interpreter.mustAnnounce();
     const Step* const first = isTraced ? code.traced() : code.quick();
     const Step* step = first;
@@ -72,31 +99,31 @@ bool ZBContext::Interpret(const SequenceCode& code)
     bool isTest = false; // the step that failed is the test of an if
 
 #define GO goto* labels[static_cast<std::size_t>(step->op)]
-#define NEXT                                                                                                           \
-    do {                                                                                                               \
-        ++step;                                                                                                        \
-        GO;                                                                                                            \
+#define NEXT                                                                                                 \
+    do {                                                                                                     \
+        ++step;                                                                                              \
+        GO;                                                                                                  \
     } while (false)
-#define BRANCH(test, usable)                                                                                           \
-    do {                                                                                                               \
-        if (test)                                                                                                      \
-            NEXT;                                                                                                      \
-        if (!(usable))                                                                                                 \
-            goto failedTest;                                                                                           \
-        step = first + step->jump;                                                                                     \
-        GO;                                                                                                            \
+#define BRANCH(test, usable)                                                                                 \
+    do {                                                                                                     \
+        if (test)                                                                                            \
+            NEXT;                                                                                            \
+        if (!(usable))                                                                                       \
+            goto failedTest;                                                                                 \
+        step = first + step->jump;                                                                           \
+        GO;                                                                                                  \
     } while (false)
 // A comparison with a variable that is not set never holds, so that only the other way needs a look.
-#define COUNTER_CONSTANT(op)                                                                                           \
-    do {                                                                                                               \
-        const double left = counters[step->a];                                                                         \
-        BRANCH(left op step->number, left == left);                                                                    \
+#define COUNTER_CONSTANT(op)                                                                                 \
+    do {                                                                                                     \
+        const double left = counters[step->a];                                                               \
+        BRANCH(left op step->number, left == left);                                                          \
     } while (false)
-#define COUNTER_VARIABLE(op)                                                                                           \
-    do {                                                                                                               \
-        const double left = counters[step->a];                                                                         \
-        const double right = counters[step->b];                                                                        \
-        BRANCH(left op right, !std::isunordered(left, right));                                                         \
+#define COUNTER_VARIABLE(op)                                                                                 \
+    do {                                                                                                     \
+        const double left = counters[step->a];                                                               \
+        const double right = counters[step->b];                                                              \
+        BRANCH(left op right, !std::isunordered(left, right));                                               \
     } while (false)
 
     GO;
@@ -119,14 +146,14 @@ endIf:
     m_interpreter.TraceIfEnd();
     NEXT;
 
-setCounterConstant: {
+setCounterConstant : {
     double& target = counters[step->a];
     if (target != target)
         firstSet(ValueKind::Counter, step->a);
     target = step->number;
     NEXT;
 }
-setCounterVariable: {
+setCounterVariable : {
     const double value = counters[step->b];
     if (value != value)
         goto failed;
@@ -136,14 +163,14 @@ setCounterVariable: {
     target = value;
     NEXT;
 }
-setTextConstant: {
+setTextConstant : {
     Text& target = texts[step->a];
     if (!target)
         firstSet(ValueKind::Text, step->a);
     target = step->text;
     NEXT;
 }
-setTextVariable: {
+setTextVariable : {
     Text value = texts[step->b];
     if (!value)
         goto failed;
@@ -153,7 +180,7 @@ setTextVariable: {
     target = value;
     NEXT;
 }
-changeConstant: {
+changeConstant : {
     const double sum = counters[step->a] + step->number;
     if (!isUsable(sum)) {
         changeFailed(*step);
@@ -162,7 +189,7 @@ changeConstant: {
     counters[step->a] = sum;
     NEXT;
 }
-changeVariable: {
+changeVariable : {
     const double sum = counters[step->a] + counters[step->b];
     if (!isUsable(sum)) {
         changeFailed(*step);
@@ -174,9 +201,9 @@ changeVariable: {
 
 ifConstantEqual:
     COUNTER_CONSTANT(==);
-ifConstantNotEqual: {
+ifConstantNotEqual : {
     const double left = counters[step->a];
-    BRANCH(left<step->number || left> step->number, left == left);
+    BRANCH(left < step->number || left > step->number, left == left);
 }
 ifConstantLess:
     COUNTER_CONSTANT(<);
@@ -188,10 +215,10 @@ ifConstantGreaterOrEqual:
     COUNTER_CONSTANT(>=);
 ifVariableEqual:
     COUNTER_VARIABLE(==);
-ifVariableNotEqual: {
+ifVariableNotEqual : {
     const double left = counters[step->a];
     const double right = counters[step->b];
-    BRANCH(left<right || left> right, !std::isunordered(left, right));
+    BRANCH(left < right || left > right, !std::isunordered(left, right));
 }
 ifVariableLess:
     COUNTER_VARIABLE(<);
@@ -205,22 +232,22 @@ ifVariableGreaterOrEqual:
 // Every text is kept once, so that two are equal exactly when their addresses are.
 ifTextConstantEqual:
     BRANCH(texts[step->a] == step->text, texts[step->a] != nullptr);
-ifTextConstantNotEqual: {
+ifTextConstantNotEqual : {
     Text left = texts[step->a];
     BRANCH(left && left != step->text, left != nullptr);
 }
-ifTextVariableEqual: {
+ifTextVariableEqual : {
     Text left = texts[step->a];
     Text right = texts[step->b];
     BRANCH(left && left == right, left && right);
 }
-ifTextVariableNotEqual: {
+ifTextVariableNotEqual : {
     Text left = texts[step->a];
     Text right = texts[step->b];
     BRANCH(left && right && left != right, left && right);
 }
 
-ifStatement: {
+ifStatement : {
     bool result = false;
     if (!runIf(static_cast<const ZBLIfExp&>(*step->statement), result))
         goto failedTest;
@@ -251,8 +278,8 @@ pause:
 failedTest:
     isTest = true;
 failed:
-    // An if whose block failed is still ended in the trace; one whose test failed is not. In the quick form the ifs
-    // around never began, so only such a test leaves its mark.
+    // An if whose block failed is still ended in the trace; one whose test failed is not. In the quick form
+    // the ifs around never began, so only such a test leaves its mark.
     if (isTraced) {
         for (int around = code.depthAt(step->line); around > 0; --around)
             m_interpreter.TraceIfEnd();
@@ -274,7 +301,8 @@ failed:
 bool ZBContext::changeFailed(const Step& step)
 {
     const double target = m_run.variables.counters[static_cast<std::size_t>(step.a)];
-    if (step.op == Op::ChangeVariable && std::isnan(m_run.variables.counters[static_cast<std::size_t>(step.b)]))
+    if (step.op == Op::ChangeVariable &&
+        std::isnan(m_run.variables.counters[static_cast<std::size_t>(step.b)]))
         return false; // an amount that is not set stops the block without a word
     return fail(std::isnan(target) ? say::changeBeforeSet : say::tooBig, step.line);
 }
@@ -402,12 +430,14 @@ bool ZBContext::getProperty(const ZBLSimpleExp& operand, ZBLValueExp& value, int
                 line);
 }
 
-bool ZBContext::compare(const ZBLValueExp& left, const ZBLValueExp& right, std::uint8_t op, int line, bool& result)
+bool ZBContext::compare(const ZBLValueExp& left, const ZBLValueExp& right, std::uint8_t op, int line,
+                        bool& result)
 {
     if (left.type != right.type)
-        return fail("You tried to compare two things that are different types.  You can only compare text to text, "
-                    "counters to counters, classnames to classnames.",
-                    line);
+        return fail(
+            "You tried to compare two things that are different types.  You can only compare text to text, "
+            "counters to counters, classnames to classnames.",
+            line);
     if (left.isCounter()) {
         result = holds(op, left.realVal, right.realVal);
         return true;
@@ -428,7 +458,8 @@ bool ZBContext::runIf(const ZBLIfExp& statement, bool& result)
 {
     ZBLValueExp left;
     ZBLValueExp right;
-    return evaluate(statement.left(), left, statement.line()) && evaluate(statement.right(), right, statement.line()) &&
+    return evaluate(statement.left(), left, statement.line()) &&
+           evaluate(statement.right(), right, statement.line()) &&
            compare(left, right, static_cast<std::uint8_t>(statement.op()), statement.line(), result);
 }
 

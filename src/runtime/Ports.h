@@ -7,10 +7,11 @@
 #include <string_view>
 #include <vector>
 
-// What a running game asks of the world around it. The windows implement these, and so do the player without a
-// window and the tests. None of the calls throws.
+// What a running game asks of the world around it. The windows implement these, and so do the player without
+// a window and the tests. None of the calls throws.
 
-/// The window in which a game is seen. Its pictures live in the core (GameSurfaces); the window shows `Display`.
+/// The window in which a game is seen. Its pictures live in the core (GameSurfaces); the window shows
+/// `Display`.
 class GameScreen
 {
 public:
@@ -96,7 +97,8 @@ public:
     /// A message box with an OK button under the product's title; comes back when it has been answered.
     virtual void messageBox(std::string_view text) = 0;
     virtual void beep() = 0;
-    /// Lets the windows handle what is waiting for them (Wait::No) or sleeps until there is something (Wait::Yes).
+    /// Lets the windows handle what is waiting for them (Wait::No) or sleeps until there is something
+    /// (Wait::Yes).
     enum class Wait { No, Yes };
     virtual void deliverMessages(Wait wait) = 0;
 };

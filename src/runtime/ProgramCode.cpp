@@ -24,12 +24,19 @@ bool isTextVariable(const ZBLSimpleExp& operand)
 /// A number that is too big is reported when it is used, so it is left to the statement.
 bool isNumber(const ZBLSimpleExp& operand)
 {
-    return operand.kind() == Kind::Literal && operand.value().isCounter() && std::isfinite(operand.value().realVal);
+    return operand.kind() == Kind::Literal && operand.value().isCounter() &&
+           std::isfinite(operand.value().realVal);
 }
 
-bool isText(const ZBLSimpleExp& operand) { return operand.kind() == Kind::Literal && operand.value().isText(); }
+bool isText(const ZBLSimpleExp& operand)
+{
+    return operand.kind() == Kind::Literal && operand.value().isText();
+}
 
-Op plus(Op base, std::size_t offset) { return static_cast<Op>(static_cast<std::size_t>(base) + offset); }
+Op plus(Op base, std::size_t offset)
+{
+    return static_cast<Op>(static_cast<std::size_t>(base) + offset);
+}
 
 /// The operator that says the same with the sides exchanged.
 ZBLIfExp::Operator mirrored(ZBLIfExp::Operator op)
@@ -72,7 +79,8 @@ Step mutateStep(const ZBLMutateExp& statement)
     };
     if (statement.target().type == ValueKind::Counter) {
         if (isNumber(value))
-            constant(isSet ? Op::SetCounterConstant : Op::ChangeConstant, &Step::number, value.value().realVal);
+            constant(isSet ? Op::SetCounterConstant : Op::ChangeConstant, &Step::number,
+                     value.value().realVal);
         else if (isCounterVariable(value))
             constant(isSet ? Op::SetCounterVariable : Op::ChangeVariable, &Step::b, value.variable().slot);
     } else if (isSet) {
@@ -136,7 +144,10 @@ Step stepOf(const ZBLStatement& statement)
 class Compiler
 {
 public:
-    explicit Compiler(Form form) : m_form(form) {}
+    explicit Compiler(Form form)
+        : m_form(form)
+    {
+    }
 
     std::vector<Step> compile(const ZBLExp& sequence)
     {
@@ -174,8 +185,8 @@ private:
     void addStatement(const ZBLStatement& statement)
     {
         const bool isIf = statement.type() == ZBLStatement::Type::If;
-        const bool isAnnounced = statement.type() != ZBLStatement::Type::Create &&
-                                 statement.type() != ZBLStatement::Type::Pause;
+        const bool isAnnounced =
+            statement.type() != ZBLStatement::Type::Create && statement.type() != ZBLStatement::Type::Pause;
         if (m_form == Form::Traced && isAnnounced)
             add(statementStep(isIf ? Op::AnnounceIf : Op::Announce, statement));
         add(stepOf(statement));
@@ -222,7 +233,8 @@ private:
 
 } // namespace
 
-SequenceCode::SequenceCode(const ZBLExp& source) : m_source(&source)
+SequenceCode::SequenceCode(const ZBLExp& source)
+    : m_source(&source)
 {
     if (!source.isempty())
         m_quick = Compiler(Form::Quick).compile(source);

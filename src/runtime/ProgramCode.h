@@ -7,8 +7,9 @@
 #include <deque>
 #include <vector>
 
-/// What one step of the code does. Values are known to be counters or texts when a program has been read, since names
-/// and literals show their kind; so the common forms have steps of their own, and the rest asks its statement.
+/// What one step of the code does. Values are known to be counters or texts when a program has been read,
+/// since names and literals show their kind; so the common forms have steps of their own, and the rest asks
+/// its statement.
 enum class Op : std::uint8_t {
     End,
     Jump,       ///< to `jump`
@@ -23,8 +24,8 @@ enum class Op : std::uint8_t {
     // counter `a` += constant, counter `b`
     ChangeConstant,
     ChangeVariable,
-    // counter `a` compared with a constant, with counter `b`; six operators each, in the order of ZBLIfExp::Operator.
-    // Goes on with the next step where the test holds, else with `jump`.
+    // counter `a` compared with a constant, with counter `b`; six operators each, in the order of
+    // ZBLIfExp::Operator. Goes on with the next step where the test holds, else with `jump`.
     IfCounterConstant,
     IfCounterVariable = IfCounterConstant + 6,
     // text `a` compared with a constant, with text `b`; = and !=
@@ -53,8 +54,8 @@ struct Step {
     std::int32_t line = 0;
 };
 
-/// A sequence made ready to run, in two forms: one that announces every statement to the trace, one that does no such
-/// work.
+/// A sequence made ready to run, in two forms: one that announces every statement to the trace, one that does
+/// no such work.
 class SequenceCode
 {
 public:
@@ -64,7 +65,8 @@ public:
     const Step* quick() const { return m_quick.data(); }
     /// Made when it is first asked for: most blocks of most runs are never traced.
     const Step* traced() const;
-    /// How many ifs stand around the statement on line `line`. Looks for it: only asked when a statement has failed.
+    /// How many ifs stand around the statement on line `line`. Looks for it: only asked when a statement has
+    /// failed.
     int depthAt(int line) const;
 
 private:
@@ -76,7 +78,7 @@ private:
 /// A program that has been read, with the code of its blocks.
 struct Program {
     struct ClassCode {
-        Text name = nullptr; ///< first word of the class's opening line
+        Text name = nullptr;              ///< first word of the class's opening line
         std::vector<SequenceCode> events; ///< by EventName
     };
     struct StateCode {

@@ -29,8 +29,8 @@ struct ZBGame {
     Text mapName = nullptr;
 };
 
-/// Everything that changes while a game runs, in one place: a copy of it is a picture of the run that can be put back.
-/// What it shares (the program, graphics, the background) never changes once made.
+/// Everything that changes while a game runs, in one place: a copy of it is a picture of the run that can be
+/// put back. What it shares (the program, graphics, the background) never changes once made.
 struct RunState {
     std::shared_ptr<const Program> program; ///< kept after a reset: what was read from it is still named
     std::shared_ptr<const LineArray> lines;
@@ -48,7 +48,8 @@ struct RunState {
     CollisionGrid grid;            ///< where the live ones are
     EventQueue events;
 
-    // ME and IT: indices into the sprite table, or the sprite that stood there before a new one took its place.
+    // ME and IT: indices into the sprite table, or the sprite that stood there before a new one took its
+    // place.
     std::int32_t me = -1;
     std::int32_t it = -1;
     bool meValid = false;

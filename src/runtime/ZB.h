@@ -37,6 +37,7 @@ struct ZB {
     std::string ErrorText;
 };
 
-/// The usage line of a statement word ("MOVE <object>"), or an empty text. Blanks around the word, its case and one
+/// The usage line of a statement word ("MOVE <object>"), or an empty text. Blanks around the word, its case
+/// and one
 /// "{" at its end do not matter.
 std::string_view StatementHelp(std::string_view word);

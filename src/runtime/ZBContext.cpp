@@ -15,8 +15,14 @@ constexpr int framesBeforeZero = 20'000'000;
 constexpr int marginAroundField = 50; // sprites this far outside are still drawn
 
 /// World coordinates to pixels.
-double worldToScreenX(double x, int width) { return roundHalfEven(((x + 100) / 200) * width); }
-double worldToScreenY(double y, int height) { return roundHalfEven((1 - (y + 100) / 200) * height); }
+double worldToScreenX(double x, int width)
+{
+    return roundHalfEven(((x + 100) / 200) * width);
+}
+double worldToScreenY(double y, int height)
+{
+    return roundHalfEven((1 - (y + 100) / 200) * height);
+}
 
 const std::shared_ptr<const Surface>& blankField()
 {
@@ -26,7 +32,8 @@ const std::shared_ptr<const Surface>& blankField()
 
 } // namespace
 
-ZBContext::ZBContext(ZBInterpreter& interpreter) : m_interpreter(interpreter)
+ZBContext::ZBContext(ZBInterpreter& interpreter)
+    : m_interpreter(interpreter)
 {
     m_run.background = blankField();
     m_run.program = std::make_shared<const Program>();
@@ -102,9 +109,15 @@ void ZBContext::restore(const RunState& state)
     m_interpreter.m_stateShown = false;
 }
 
-void ZBContext::parseError(std::string_view report, int line) { m_interpreter.showParseError(report, line); }
+void ZBContext::parseError(std::string_view report, int line)
+{
+    m_interpreter.showParseError(report, line);
+}
 
-void ZBContext::beep() { m_interpreter.ports().user.beep(); }
+void ZBContext::beep()
+{
+    m_interpreter.ports().user.beep();
+}
 
 bool ZBContext::fail(std::string_view message, int line)
 {
@@ -120,7 +133,10 @@ void ZBContext::enterState(std::string_view name)
     m_interpreter.m_stateShown = false;
 }
 
-void ZBContext::countFrame() { m_run.frameNumber = (m_run.frameNumber + 1) % framesBeforeZero; }
+void ZBContext::countFrame()
+{
+    m_run.frameNumber = (m_run.frameNumber + 1) % framesBeforeZero;
+}
 
 const SequenceCode* ZBContext::getSubStateExp()
 {
@@ -191,7 +207,10 @@ void ZBContext::DrawFrame()
     m_interpreter.ports().screen.refreshDisplay();
 }
 
-std::string_view ZBContext::getLine(int number) const { return (*m_run.lines)[number]; }
+std::string_view ZBContext::getLine(int number) const
+{
+    return (*m_run.lines)[number];
+}
 
 std::vector<std::string> ZBContext::DumpVariablesInto() const
 {

@@ -25,8 +25,9 @@ struct GameSurfaces {
     std::array<Surface, graphicCount> Graphic;
 };
 
-/// The running game: owns the parsed program, the variables, the sprites, the event queue, the keyboard, the map and
-/// the graphics, and runs the game frame by frame. Operations that fail have told the user and return false.
+/// The running game: owns the parsed program, the variables, the sprites, the event queue, the keyboard, the
+/// map and the graphics, and runs the game frame by frame. Operations that fail have told the user and return
+/// false.
 class ZBContext final : private ParseReporter
 {
 public:
@@ -35,7 +36,8 @@ public:
     // Run control.
     /// Forgets the program and the run. Sprites and state stay as they are.
     void Reset();
-    /// Reads a program text (lines separated by CR LF). False where it has a fault, which has then been shown.
+    /// Reads a program text (lines separated by CR LF). False where it has a fault, which has then been
+    /// shown.
     bool Parse(std::string_view text);
     /// Begins a run of the program that was read.
     void Start();

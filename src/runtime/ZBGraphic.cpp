@@ -61,7 +61,8 @@ std::optional<GraphicDescription> GraphicDescription::fromText(std::string_view 
 std::string GraphicDescription::toText() const
 {
     return header + "\r\n" + std::string(kindNames[static_cast<std::size_t>(kind) - 1]) + "," +
-           std::to_string(frameWidth) + "," + std::to_string(frameHeight) + "," + std::to_string(frameCount) + "\r\n";
+           std::to_string(frameWidth) + "," + std::to_string(frameHeight) + "," + std::to_string(frameCount) +
+           "\r\n";
 }
 
 ZBGraphic::ZBGraphic(std::string_view name, GraphicDescription description, const Surface& picture)
@@ -81,7 +82,8 @@ ZBGraphic::ZBGraphic(std::string_view name, GraphicDescription description, cons
         for (int x = 0; x < m_width; ++x) {
             const std::int64_t maskColumn = std::int64_t{x} + width;
             m_images.push_back(row[static_cast<std::size_t>(x)]);
-            m_masks.push_back(maskColumn < picture.width() ? row[static_cast<std::size_t>(maskColumn)] : white);
+            m_masks.push_back(maskColumn < picture.width() ? row[static_cast<std::size_t>(maskColumn)]
+                                                           : white);
         }
     }
 }
@@ -106,8 +108,10 @@ int ZBGraphic::frameIndex(std::int32_t frameNumber, double direction) const
 
 void ZBGraphic::Draw(Surface& target, int centreX, int centreY, int frame) const
 {
-    const std::int64_t left = static_cast<std::int64_t>(roundHalfEven(centreX - m_description.frameWidth / 2.0));
-    const std::int64_t top = static_cast<std::int64_t>(roundHalfEven(centreY - m_description.frameHeight / 2.0));
+    const std::int64_t left =
+        static_cast<std::int64_t>(roundHalfEven(centreX - m_description.frameWidth / 2.0));
+    const std::int64_t top =
+        static_cast<std::int64_t>(roundHalfEven(centreY - m_description.frameHeight / 2.0));
     const std::int64_t firstRow = std::int64_t{frame} * m_description.frameHeight;
 
     const std::int64_t fromX = std::max<std::int64_t>(0, -left);

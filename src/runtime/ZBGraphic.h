@@ -12,8 +12,8 @@
 /// The three kinds of sprite graphics, numbered as in the core.
 enum class GraphicKind { Simple = 1, Animated = 2, Rotating = 3 };
 
-/// The text description of a sprite graphic (".spr"): a line of free text, then kind, frame width, frame height and
-/// frame count, separated by commas or line ends.
+/// The text description of a sprite graphic (".spr"): a line of free text, then kind, frame width, frame
+/// height and frame count, separated by commas or line ends.
 struct GraphicDescription {
     std::string header;
     GraphicKind kind = GraphicKind::Simple;
@@ -26,9 +26,9 @@ struct GraphicDescription {
     std::string toText() const;
 };
 
-/// A loaded sprite graphic: frames stacked from the top, each with its image in columns 0 to w - 1 and its mask in
-/// columns w to 2w - 1 (white where transparent, black where opaque). Never changed once loaded, so that all sprites
-/// and all copies of a run's state may share it.
+/// A loaded sprite graphic: frames stacked from the top, each with its image in columns 0 to w - 1 and its
+/// mask in columns w to 2w - 1 (white where transparent, black where opaque). Never changed once loaded, so
+/// that all sprites and all copies of a run's state may share it.
 class ZBGraphic
 {
 public:
@@ -46,8 +46,8 @@ public:
 private:
     std::string m_name;
     GraphicDescription m_description;
-    int m_width = 0; ///< columns of a frame that the picture has
-    int m_rows = 0;  ///< rows of all frames that the picture has
+    int m_width = 0;             ///< columns of a frame that the picture has
+    int m_rows = 0;              ///< rows of all frames that the picture has
     std::vector<Pixel> m_images; ///< m_rows rows of m_width pixels
     std::vector<Pixel> m_masks;
 };

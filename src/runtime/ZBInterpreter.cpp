@@ -13,7 +13,11 @@ constexpr int gameEditorMode = 1;
 class Flag
 {
 public:
-    explicit Flag(bool& flag) : m_flag(flag) { m_flag = true; }
+    explicit Flag(bool& flag)
+        : m_flag(flag)
+    {
+        m_flag = true;
+    }
     ~Flag() { m_flag = false; }
     Flag(const Flag&) = delete;
     Flag& operator=(const Flag&) = delete;
@@ -24,7 +28,8 @@ private:
 
 } // namespace
 
-ZBInterpreter::ZBInterpreter(ZB& module, const Installation& installation, PictureReader& pictures, const Ports& ports)
+ZBInterpreter::ZBInterpreter(ZB& module, const Installation& installation, PictureReader& pictures,
+                             const Ports& ports)
     : m_module(module)
     , m_installation(installation)
     , m_pictures(pictures)
@@ -117,7 +122,10 @@ void ZBInterpreter::ResumeGame()
     m_stepReleased = true;
 }
 
-void ZBInterpreter::StepOnce() { m_stepReleased = true; }
+void ZBInterpreter::StepOnce()
+{
+    m_stepReleased = true;
+}
 
 void ZBInterpreter::StopGame()
 {
@@ -151,7 +159,10 @@ void ZBInterpreter::finishStop()
     m_stepReleased = true;
 }
 
-void ZBInterpreter::RestoreEditorButtons() { m_ports.gameEditor.setButtons(RunButtons::Stopped); }
+void ZBInterpreter::RestoreEditorButtons()
+{
+    m_ports.gameEditor.setButtons(RunButtons::Stopped);
+}
 
 void ZBInterpreter::timerTick()
 {
@@ -208,7 +219,9 @@ bool ZBInterpreter::TraceLine(int line)
 void ZBInterpreter::TraceStateChange()
 {
     m_stateShown = false;
-    SpyWrite("New State: State=" + m_context->getState() + " SubState=" + std::string(m_context->getSubState()), 0);
+    SpyWrite("New State: State=" + m_context->getState() +
+                 " SubState=" + std::string(m_context->getSubState()),
+             0);
 }
 
 void ZBInterpreter::TraceFrame(int frameNumber)
@@ -222,7 +235,8 @@ void ZBInterpreter::TraceFrame(int frameNumber)
     SpyWrite("|________________________________________|", 0);
 }
 
-void ZBInterpreter::TraceEventEntry(std::string_view className, std::string_view eventName, std::string_view tagText)
+void ZBInterpreter::TraceEventEntry(std::string_view className, std::string_view eventName,
+                                    std::string_view tagText)
 {
     if (m_boxes.events) {
         m_text.assign(className).append(".").append(eventName).append("{");

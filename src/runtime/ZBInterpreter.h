@@ -21,8 +21,8 @@ struct TraceBoxes {
 };
 
 /// Starts, pauses, steps and stops runs, writes their trace and reports their errors. Owns the one ZBContext.
-/// Everything happens on the thread that calls it; while a statement waits or a message box is open, the ports may
-/// call back into PauseGame, ResumeGame, StepOnce, StopGame, KeyDown and KeyUp.
+/// Everything happens on the thread that calls it; while a statement waits or a message box is open, the
+/// ports may call back into PauseGame, ResumeGame, StepOnce, StopGame, KeyDown and KeyUp.
 class ZBInterpreter
 {
 public:
@@ -51,8 +51,8 @@ public:
 
     // The trace.
     void SpyWrite(std::string_view text, int line);
-    /// The statement at `line` is about to run. False where the run was ended while it waited: the statement must
-    /// then give up without a word.
+    /// The statement at `line` is about to run. False where the run was ended while it waited: the statement
+    /// must then give up without a word.
     [[nodiscard]] bool TraceLine(int line);
     void TraceStateChange();
     void TraceEventEntry(std::string_view className, std::string_view eventName, std::string_view tagText);
@@ -72,8 +72,8 @@ public:
     void HaltAfterError();
 
     bool stepMode() const { return m_stepMode; }
-    /// A run is being started or a frame worked on (it may be waiting for the user): the interpreter must not be
-    /// destroyed now.
+    /// A run is being started or a frame worked on (it may be waiting for the user): the interpreter must not
+    /// be destroyed now.
     bool inFrame() const { return m_inFrame || m_starting; }
 
     /// N(60000 / framesPerMinute) in milliseconds; nothing at 0, where the game stands still.
@@ -106,7 +106,8 @@ private:
     bool m_stepMode = false;
     bool m_stepReleased = false;
     bool m_stopping = false;
-    bool m_halting = false; ///< a stop waits for the frame to come to its end: no pause and no frame begins any more
+    bool m_halting =
+        false; ///< a stop waits for the frame to come to its end: no pause and no frame begins any more
     bool m_stopRequested = false;
     bool m_starting = false;
     bool m_inFrame = false;

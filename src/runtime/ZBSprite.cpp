@@ -10,7 +10,10 @@ namespace
 // Fifteen digits, no more: steps computed with a finer pi would differ in their last bits.
 constexpr double pi = 3.14159265358979;
 
-double radians(double degrees) { return degrees * pi / 180; }
+double radians(double degrees)
+{
+    return degrees * pi / 180;
+}
 } // namespace
 
 void ZBSprite::CopyFrom(const ZBSprite& other)
@@ -49,7 +52,10 @@ void ZBSprite::moveforward(double distance)
     moveBy(distance * std::cos(radians(direction)), distance * std::sin(radians(direction)), 0);
 }
 
-void ZBSprite::moveBy(double dx, double dy, double dz) { moveTo(x + dx, y + dy, z + dz); }
+void ZBSprite::moveBy(double dx, double dy, double dz)
+{
+    moveTo(x + dx, y + dy, z + dz);
+}
 
 void ZBSprite::moveTo(double newX, double newY, double newZ)
 {

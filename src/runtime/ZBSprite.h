@@ -8,8 +8,8 @@
 #include <memory>
 #include <string>
 
-/// A sprite of a running game. Positions are world units, x and y from -100 to 100 across the playfield, y upwards;
-/// directions are degrees counter-clockwise from +x and never normalised.
+/// A sprite of a running game. Positions are world units, x and y from -100 to 100 across the playfield, y
+/// upwards; directions are degrees counter-clockwise from +x and never normalised.
 class ZBSprite
 {
 public:
