@@ -9,6 +9,14 @@
 
 // The statements that act on sprites and on the game.
 
+namespace
+{
+
+/// Of all graphics of a run together. Pictures squeeze well: small files could fill any memory.
+constexpr std::size_t mostGraphicPixels = std::size_t{32} << 20U;
+
+} // namespace
+
 bool ZBContext::runAction(const ZBLMethodExp& statement)
 {
     switch (statement.operands()) {
@@ -279,6 +287,11 @@ std::shared_ptr<const ZBGraphic> ZBContext::loadGraphic(std::string_view name)
         return nullptr;
     auto picture = m_interpreter.pictures().read(*pictureFile);
     if (!picture || picture->isNull())
+        return nullptr;
+    std::size_t pixels = picture->pixels().size();
+    for (std::size_t i = 0; i < m_run.graphics.size(); ++i)
+        pixels += m_surfaces.Graphic[i].pixels().size();
+    if (pixels > mostGraphicPixels)
         return nullptr;
     Surface& surface = m_surfaces.Graphic[m_run.graphics.size()];
     surface = std::move(*picture);
