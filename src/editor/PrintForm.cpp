@@ -7,6 +7,7 @@
 #include <QFileDialog>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPointer>
 #include <QPrinterInfo>
 #include <QPushButton>
 #include <QStandardPaths>
@@ -85,17 +86,22 @@ void PrintForm::Ok_Click()
 bool PrintForm::askForFile()
 {
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    const QString proposal = QStringLiteral("%1/%2.pdf").arg(folder, m_module.documentName);
-    QFileDialog dialog(this, QStringLiteral("Save as a PDF file"), proposal,
-                       QStringLiteral("PDF files (*.pdf)"));
-    dialog.setObjectName(QStringLiteral("PdfFile"));
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(QStringLiteral("pdf"));
-    dialog.setOption(QFileDialog::DontUseNativeDialog);
-    if (dialog.exec() != QDialog::Accepted)
+    const QString name = QString(m_module.documentName).replace(u'/', u'-');
+    const QString proposal = QStringLiteral("%1/%2.pdf").arg(folder, name);
+    const QPointer<QFileDialog> dialog(new QFileDialog(this, QStringLiteral("Save as a PDF file"), proposal,
+                                                       QStringLiteral("PDF files (*.pdf)")));
+    dialog->setObjectName(QStringLiteral("PdfFile"));
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setDefaultSuffix(QStringLiteral("pdf"));
+    dialog->setOption(QFileDialog::DontUseNativeDialog);
+    const bool isAccepted = dialog->exec() == QDialog::Accepted;
+    if (dialog.isNull())
+        return false; // the windows below went away and took it along
+    dialog->deleteLater();
+    if (!isAccepted)
         return false;
     m_module.currentPrinter.clear();
-    m_module.pdfFile = dialog.selectedFiles().constFirst();
+    m_module.pdfFile = dialog->selectedFiles().constFirst();
     return true;
 }
 

@@ -6,6 +6,13 @@
 #include <QPrinter>
 #include <QPrinterInfo>
 
+namespace
+{
+
+constexpr qreal margin = 15; // millimetres: room for a hole punch
+
+} // namespace
+
 bool WinCode::PrintDialog(QWidget* parent)
 {
     PrintCancelled = false;
@@ -28,6 +35,7 @@ std::unique_ptr<QPrinter> WinCode::openPrinter() const
         printer =
             std::make_unique<QPrinter>(QPrinterInfo::printerInfo(currentPrinter), QPrinter::HighResolution);
     }
+    printer->setPageMargins(QMarginsF(margin, margin, margin, margin), QPageLayout::Millimeter);
     printer->setDocName(documentName);
     return printer;
 }
