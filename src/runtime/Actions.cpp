@@ -19,6 +19,7 @@ constexpr std::size_t mostGraphicPixels = std::size_t{32} << 20U;
 
 bool ZBContext::runAction(const ZBLMethodExp& statement)
 {
+    m_sceneChanged = true;
     switch (statement.operands()) {
     case Operands::Sprite:
         return runOnSprite(statement);
@@ -300,6 +301,7 @@ std::shared_ptr<const ZBGraphic> ZBContext::loadGraphic(std::string_view name)
 
 bool ZBContext::runCreate(const ZBLCreateExp& statement)
 {
+    m_sceneChanged = true;
     const int line = statement.line();
     ZBSprite wanted;
     ZBLValueExp value;

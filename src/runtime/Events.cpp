@@ -92,6 +92,7 @@ void ZBContext::removeDestroyed()
             m_run.grid.move(i, sprite.x, sprite.y);
         }
         m_run.grid.removeLast();
+        m_sceneChanged = true;
         m_run.spriteCount = last;
     }
 }

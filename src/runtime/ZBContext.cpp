@@ -99,6 +99,7 @@ void ZBContext::Start()
     m_run.running = true;
     m_run.haltRequested = false;
     m_run.graphics.clear();
+    m_sceneChanged = true;
     m_interpreter.ports().screen.enableTimer(true);
 }
 
@@ -106,6 +107,7 @@ void ZBContext::restore(const RunState& state)
 {
     m_run = state;
     m_surfaces.Background = *m_run.background;
+    m_sceneChanged = true;
     m_interpreter.m_stateShown = false;
 }
 
@@ -176,19 +178,28 @@ void ZBContext::Quantum()
         countFrame();
         m_interpreter.TraceFrame(m_run.frameNumber);
     }
-    DrawFrame();
+    drawIfChanged();
     const SequenceCode* loop = getSubStateExp();
     if (!loop || (!loop->isEmpty() && !Interpret(*loop)) || !DoSpriteEvents())
         return;
     if (m_run.nextState)
         enterState(*m_run.nextState);
-    DrawFrame();
+    drawIfChanged();
+}
+
+void ZBContext::drawIfChanged()
+{
+    // The frame begins with what the last one ended with, and many a picture stands still.
+    if (m_sceneChanged || animationSteps(m_run.frameNumber) != m_drawnAnimation)
+        DrawFrame();
 }
 
 void ZBContext::DrawFrame()
 {
     if (!m_interpreter.ports().screen.wantsFrames())
         return;
+    m_sceneChanged = false;
+    m_drawnAnimation = animationSteps(m_run.frameNumber);
     Surface& display = m_surfaces.Display;
     std::memcpy(display.pixels().data(), m_run.background->pixels().data(), display.pixels().size_bytes());
     if (m_showMap)

@@ -60,7 +60,11 @@ public:
     void KeyUp(int keyCode, int shift) { m_run.keyboard.KeyUp(keyCode, shift); }
 
     /// The Show Map box.
-    void setShowMap(bool on) { m_showMap = on; }
+    void setShowMap(bool on)
+    {
+        m_showMap = on;
+        m_sceneChanged = true;
+    }
     const GameSurfaces& surfaces() const { return m_surfaces; }
 
     /// A copy of everything that the run consists of, and the way back. Only between frames.
@@ -76,6 +80,7 @@ private:
     std::int32_t uniqueID() { return ++m_run.lastID; }
     void enterState(std::string_view name);
     void countFrame();
+    void drawIfChanged();
     const SequenceCode* getSubStateExp();
 
     // Variables; slots as the program counts them.
@@ -136,4 +141,6 @@ private:
     std::string m_path;
     std::vector<int> m_hits; ///< scratch of the collision test
     bool m_showMap = false;
+    bool m_sceneChanged = true;         ///< since the last frame was drawn
+    std::int32_t m_drawnAnimation = -1; ///< the count of animation steps that it showed
 };

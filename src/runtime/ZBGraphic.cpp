@@ -95,7 +95,7 @@ int ZBGraphic::frameIndex(std::int32_t frameNumber, double direction) const
     case GraphicKind::Simple:
         break;
     case GraphicKind::Animated:
-        return (frameNumber / 3) % count;
+        return animationSteps(frameNumber) % count;
     case GraphicKind::Rotating: {
         const double turn = std::fmod(roundHalfEven(direction / (360.0 / count)), count);
         if (!std::isfinite(turn))

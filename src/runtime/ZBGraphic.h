@@ -9,6 +9,12 @@
 #include <string_view>
 #include <vector>
 
+/// How often an animated graphic has changed its frame up to a frame of the game.
+constexpr std::int32_t animationSteps(std::int32_t frameNumber)
+{
+    return frameNumber / 3;
+}
+
 /// The three kinds of sprite graphics, numbered as in the core.
 enum class GraphicKind { Simple = 1, Animated = 2, Rotating = 3 };
 
