@@ -11,10 +11,10 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
+#include <QComboBox>
 #include <QFile>
 #include <QInputDialog>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -84,29 +84,44 @@ void click(const char* windowName, const char* name)
     click(button, button->rect().center());
 }
 
+/// Closes a window and waits until it is gone.
+void shut(const char* name)
+{
+    window(name)->close();
+    if (!QTest::qWaitFor([name] { return !isOpen(name); }, 2000))
+        giveUp(QLatin1StringView(name) + u" does not close"_s);
+    QTest::qWait(20);
+}
+
 void choose(const char* windowName, const char* action)
 {
     control<QAction>(windowName, action)->trigger();
 }
 
-/// Answers the next message or input box as soon as it is there: types `text` and presses Enter.
-void answerNext(const QString& text = QString())
+/// What is typed into the message and input boxes that come next, before Enter.
+QStringList answers;
+
+/// Answers boxes as the tutorial says; one that it does not speak of ends the walk.
+void watchForBoxes()
 {
     auto* const timer = new QTimer(qApp);
-    QObject::connect(timer, &QTimer::timeout, timer, [timer, text] {
+    QObject::connect(timer, &QTimer::timeout, timer, [] {
         QWidget* const box = QApplication::activeModalWidget();
         if (box == nullptr)
             return;
-        timer->deleteLater();
-        if (auto* const line = box->findChild<QLineEdit*>(); line != nullptr && !text.isEmpty()) {
-            line->clear();
-            QTest::keyClicks(line, text);
-            QTest::keyClick(line, Qt::Key_Return);
-        } else {
-            QTest::keyClick(box, Qt::Key_Return);
+        if (answers.isEmpty()) {
+            const auto* const message = qobject_cast<QMessageBox*>(box);
+            giveUp(u"a box comes up: "_s + (message != nullptr ? message->text() : box->windowTitle()));
         }
+        const QString answer = answers.takeFirst();
+        auto* const line = box->findChild<QLineEdit*>();
+        if (line != nullptr) {
+            line->clear();
+            QTest::keyClicks(line, answer);
+        }
+        QTest::keyClick(line != nullptr ? line : box, Qt::Key_Return);
     });
-    timer->start(30);
+    timer->start(50);
 }
 
 class Tutorial
@@ -131,8 +146,8 @@ public:
     {
         createAndPick();
         nameIt();
-        paint("hero", &Tutorial::drawHero);
-        paint("star", &Tutorial::drawStar);
+        paint(u"hero"_s, &Tutorial::drawHero);
+        paint(u"star"_s, &Tutorial::drawStar);
         firstProgram();
         secondProgram();
         buildWalls();
@@ -153,7 +168,7 @@ private:
     {
         m_workbench.showLibrary();
         shoot(window("ZorbinoMain"), "library");
-        answerNext();
+        answers = {QString()};
         click("ZorbinoMain", "CreateButton");
         pick();
         shoot(window("ZorbinoMain"), "picked");
@@ -207,11 +222,11 @@ private:
     {
         auto* const palette = control("SpriteEditor", "Palettep");
         const QImage picture = palette->grab().toImage().convertToFormat(QImage::Format_RGB32);
-        const double scale = picture.devicePixelRatio();
+        constexpr int cell = 28;
         QPoint best;
         int least = INT_MAX;
-        for (int y = 8; y < picture.height(); y += 4) {
-            for (int x = 8; x < picture.width(); x += 4) {
+        for (int y = cell / 2; y < picture.height(); y += cell) {
+            for (int x = cell / 2; x < picture.width(); x += cell) {
                 const QRgb there = picture.pixel(x, y);
                 const int distance = std::abs(qRed(there) - qRed(wanted)) +
                                      std::abs(qGreen(there) - qGreen(wanted)) +
@@ -222,7 +237,7 @@ private:
                 }
             }
         }
-        click(palette, best / scale);
+        click(palette, best);
     }
 
     void stroke(const QList<QPointF>& points)
@@ -265,20 +280,20 @@ private:
 
     void drawHero()
     {
-        blob(0x3FA34D, {16.5, 16.5}, 13);
+        blob(0x009A20, {16.5, 16.5}, 13);
         blob(0xFFFFFF, {12, 13}, 3.2);
         blob(0xFFFFFF, {21, 13}, 3.2);
-        colour(0x101010);
+        colour(0x000000);
         stroke({{12.5, 13.5}, {13.5, 14.5}});
         stroke({{20.5, 13.5}, {21.5, 14.5}});
-        colour(0xD83030);
+        colour(0xFF0000);
         stroke({{10.5, 20.5}, {13.5, 23.5}, {16.5, 24.5}, {19.5, 23.5}, {22.5, 20.5}});
         shoot(window("SpriteEditor"), "sprite-editor");
     }
 
     void drawStar()
     {
-        colour(0xFFD54A);
+        colour(0xFFFF00);
         stroke(ring({16.5, 17}, 14, 10, 0.45));
         fill({16, 16});
     }
@@ -289,10 +304,10 @@ private:
         click("Resources", "NewSprite");
         QTest::qWait(100);
         (this->*draw)();
-        answerNext(name);
+        answers = {name};
         choose("SpriteEditor", "SaveSprite");
-        window("SpriteEditor")->close();
-        window("Resources")->close();
+        shut("SpriteEditor");
+        shut("Resources");
         const auto& installation = m_workbench.installation();
         const std::string file = "games\\00000007\\" + name.toStdString();
         if (!installation.isFile(file + ".spr") || !installation.isFile(file + ".spb"))
@@ -368,13 +383,12 @@ private:
 
     void buildWalls()
     {
-        window("GameEditor")->close();
+        shut("GameEditor");
         click("ZorbinoMain", "LaunchMapEditor");
-        auto* const sizes = control<QListWidget>("MapEditor", "MapSizeBox");
-        const auto rows = sizes->findItems(u"10 x 10"_s, Qt::MatchExactly);
-        if (rows.isEmpty())
+        auto* const sizes = control<QComboBox>("MapEditor", "MapSizeBox");
+        sizes->setCurrentText(u"10 x 10"_s);
+        if (sizes->currentText() != u"10 x 10"_s)
             giveUp(u"there is no size 10 x 10"_s);
-        sizes->setCurrentItem(rows.first());
         click("MapEditor", "CreateNewMap");
         for (const auto& [from, to] : {std::pair{QPoint(0, 0), QPoint(9, 0)},
                                        {QPoint(9, 0), QPoint(9, 9)},
@@ -387,10 +401,9 @@ private:
         QTest::keyClicks(legend, u"wall"_s);
         shoot(window("MapEditor"), "map-editor");
         // First the name, then the message that it was saved.
-        answerNext(u"00000007\\walls"_s);
-        QTimer::singleShot(400, qApp, [] { answerNext(); });
+        answers = {u"00000007\\walls"_s, QString()};
         choose("MapEditor", "FileSave");
-        window("MapEditor")->close();
+        shut("MapEditor");
         if (!m_workbench.installation().isFile("games\\00000007\\walls"))
             giveUp(u"the map was not saved"_s);
         pick();
@@ -464,6 +477,7 @@ int main(int argc, char** argv)
     const QStringList words = QApplication::arguments();
     if (words.size() < 2)
         giveUp(u"it is not named"_s);
+    watchForBoxes();
     Workbench workbench(std::filesystem::current_path());
     Tutorial(workbench, words[1], words.value(2)).walk();
     std::puts("The tutorial can be followed.");
