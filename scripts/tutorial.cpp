@@ -450,14 +450,16 @@ private:
         }
         play();
         QTest::qWait(500);
-        click("GameEditor", "PauseButton");
-        for (int step = 0; step < 3; ++step) {
-            QTest::qWait(100);
-            click("GameEditor", "StepButton");
-        }
-        shoot(window("SpyWindow"), "spy");
-        click("GameEditor", "StopButton");
-        QTest::qWait(600);
+        // A paused statement waits inside the frame, and so inside our own waiting: the rest goes by the
+        // clock.
+        QTimer::singleShot(100, qApp, [] { click("GameEditor", "PauseButton"); });
+        for (const int when : {400, 600, 800})
+            QTimer::singleShot(when, qApp, [] { click("GameEditor", "StepButton"); });
+        QTimer::singleShot(1000, qApp, [this] {
+            shoot(window("SpyWindow"), "spy");
+            click("GameEditor", "StopButton");
+        });
+        QTest::qWait(2500);
         if (isOpen("GameWindow"))
             giveUp(u"the paused game does not stop"_s);
     }
