@@ -5,9 +5,14 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QFile>
+#include <QIconEngine>
+#include <QImageReader>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QPixmap>
+#include <QPixmapCache>
+#include <QStyle>
+#include <QStyleOption>
 
 // Outside every namespace: that is where the resource compiler puts its function.
 static void loadIcons()
@@ -19,6 +24,60 @@ static void loadIcons()
 
 namespace
 {
+
+/// A drawing that is read when it is first shown. Windows have dozens of icons, most of them in menus and
+/// panels that are still closed when the window must be there.
+class DrawnIcon : public QIconEngine
+{
+public:
+    explicit DrawnIcon(const QString& file)
+        : m_file(file)
+    {
+    }
+
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override
+    {
+        const qreal scale = painter->device()->devicePixelRatioF();
+        painter->drawPixmap(rect, pixmap((QSizeF(rect.size()) * scale).toSize(), mode, state));
+    }
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State) override
+    {
+        const QString key =
+            QStringLiteral("%1 %2 %3 %4").arg(m_file).arg(size.width()).arg(size.height()).arg(mode);
+        QPixmap drawn;
+        if (!QPixmapCache::find(key, &drawn)) {
+            drawn = draw(size, mode);
+            QPixmapCache::insert(key, drawn);
+        }
+        return drawn;
+    }
+    QSize actualSize(const QSize& size, QIcon::Mode, QIcon::State) override { return size; }
+    /// Asked for by title bars and task bars only.
+    QList<QSize> availableSizes(QIcon::Mode, QIcon::State) override { return {{32, 32}, {64, 64}}; }
+    QIconEngine* clone() const override { return new DrawnIcon(*this); }
+    bool isNull() override { return false; }
+
+private:
+    QPixmap draw(const QSize& size, QIcon::Mode mode) const
+    {
+        QImageReader reader(m_file,
+                            "svg"); // reads the drawing once; an icon made of the file would read it twice
+        const QSize fitted = reader.size().scaled(size, Qt::KeepAspectRatio);
+        reader.setScaledSize(fitted);
+        const QImage image = reader.read();
+        QPixmap drawn(size);
+        drawn.fill(Qt::transparent);
+        QPainter(&drawn).drawImage((size.width() - fitted.width()) / 2, (size.height() - fitted.height()) / 2,
+                                   image);
+        if (mode != QIcon::Disabled)
+            return drawn;
+        QStyleOption option;
+        option.palette = QApplication::palette();
+        return QApplication::style()->generatedIconPixmap(mode, drawn, &option);
+    }
+
+    QString m_file;
+};
 
 /// A picture is missing: a soft tile with the first letter still tells the buttons apart.
 QIcon letterIcon(QChar letter)
@@ -69,7 +128,7 @@ QIcon icon(const char* name)
     loadIcons();
     const QString file = QStringLiteral(":/ui/%1.svg").arg(QLatin1String(name));
     if (QFile::exists(file))
-        return QIcon(file);
+        return QIcon(new DrawnIcon(file));
     return letterIcon(QLatin1Char(*name == '\0' ? '?' : *name));
 }
 

@@ -7,29 +7,16 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include <algorithm>
+
 namespace
 {
 
 constexpr int iconOffset = 15;   // below the title
 constexpr int authorOffset = 95; // below the icon
 constexpr int lineHeight = 16;
-constexpr int largestText = 13; // in pixels: the place above the icon does not grow with the desktop's font
-constexpr int smallestText = 10;
-constexpr int narrowestText = 75; // percent
-
-/// A font in which `text` fits into `width`: narrower letters first, then smaller ones.
-QFont fittingFont(QFont font, const QString& text, int width)
-{
-    for (int pixels = largestText; pixels >= smallestText; --pixels) {
-        font.setPixelSize(pixels);
-        for (int percent = QFont::Unstretched; percent >= narrowestText; percent -= 5) {
-            font.setStretch(percent);
-            if (QFontMetrics(font).horizontalAdvance(text) <= width)
-                return font;
-        }
-    }
-    return font;
-}
+constexpr int textSize = 13; // in pixels: the place above the icon does not grow with the desktop's font
+constexpr double narrowest = 0.7;
 
 } // namespace
 
@@ -80,15 +67,23 @@ void TileArea::setMarked(int slot)
 void TileArea::drawText(QPainter& painter, const QString& text, QPoint at, bool italic) const
 {
     QFont plain = font();
+    plain.setPixelSize(textSize);
     plain.setItalic(italic);
-    plain = fittingFont(plain, text.trimmed(),
-                        m_slotWidth - firstTileLeft - 4); // the last tile's slot ends early
+    const QFontMetrics metrics(plain);
+    const double room = m_slotWidth - firstTileLeft - 4; // the last tile's slot ends early
+    // Long texts get narrow letters. A narrow font would look the same, but take its time to be found.
+    const double narrow =
+        std::clamp(room / std::max(1, metrics.horizontalAdvance(text.trimmed())), narrowest, 1.0);
+    painter.save();
+    painter.setClipRect(QRectF(at, QSizeF(room + 2, lineHeight + 1)));
     painter.setFont(plain);
-    const QPoint baseline = at + QPoint(0, QFontMetrics(plain).ascent());
+    painter.translate(at);
+    painter.scale(narrow, 1);
     painter.setPen(Qt::black);
-    painter.drawText(baseline + QPoint(1, 1), text);
+    painter.drawText(QPointF(1 / narrow, metrics.ascent() + 1), text);
     painter.setPen(Qt::white);
-    painter.drawText(baseline, text);
+    painter.drawText(QPointF(0, metrics.ascent()), text);
+    painter.restore();
 }
 
 void TileArea::drawTile(QPainter& painter, const Tile& tile) const

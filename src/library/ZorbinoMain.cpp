@@ -25,6 +25,7 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <future>
 
 namespace
 {
@@ -64,6 +65,15 @@ QPixmap plainSky(QSize size)
     return sky;
 }
 
+/// One of the two pictures of the library, by chance; a null image where it cannot be read.
+QImage readBackdrop(Desk& desk)
+{
+    const bool first = QRandomGenerator::global()->generateDouble() > 0.5;
+    const auto file = desk.installation().find(first ? "zbo\\zorbino1.jpg" : "zbo\\zorbino2.jpg");
+    const auto surface = file ? desk.pictures().read(*file) : std::nullopt;
+    return surface ? forms::viewOf(*surface).copy() : QImage();
+}
+
 } // namespace
 
 ZorbinoMain::ZorbinoMain(Desk& desk, QWidget* parent)
@@ -74,8 +84,10 @@ ZorbinoMain::ZorbinoMain(Desk& desk, QWidget* parent)
     setObjectName(u"ZorbinoMain");
     setWindowTitle(forms::fromUtf8(ProductName));
     setAttribute(Qt::WA_DeleteOnClose);
+    // The largest picture is read while the controls are made.
+    auto picture = std::async(std::launch::async, [&desk] { return readBackdrop(desk); });
     layOut();
-    Form_Load();
+    Form_Load(picture.get());
 }
 
 ZorbinoMain::~ZorbinoMain() = default;
@@ -265,11 +277,11 @@ bool ZorbinoMain::eventFilter(QObject* watched, QEvent* event)
     return QWidget::eventFilter(watched, event);
 }
 
-void ZorbinoMain::Form_Load()
+void ZorbinoMain::Form_Load(const QImage& picture)
 {
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     m_scrollbar->setEnabled(false);
-    loadBackdrop();
+    m_picture = picture.isNull() ? plainSky(outerSize) : QPixmap::fromImage(picture);
     resize(outerSize); // less the frame, as soon as there is one
     m_scrollbar->setMinimum(1);
     refreshGames();
@@ -279,15 +291,6 @@ void ZorbinoMain::Form_Load()
     scrollbar_Change();
     m_tray->setFocus();
     QGuiApplication::restoreOverrideCursor();
-}
-
-void ZorbinoMain::loadBackdrop()
-{
-    const bool first = QRandomGenerator::global()->generateDouble() > 0.5;
-    const auto file = m_desk.installation().find(first ? "zbo\\zorbino1.jpg" : "zbo\\zorbino2.jpg");
-    const auto surface = file ? m_desk.pictures().read(*file) : std::nullopt;
-    m_picture = surface && !surface->isNull() ? QPixmap::fromImage(forms::viewOf(*surface).copy())
-                                              : plainSky(outerSize);
 }
 
 void ZorbinoMain::spreadBackdrop()

@@ -37,7 +37,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void Form_Load();
+    void Form_Load(const QImage& picture);
     void GameTray_MouseDown(int x);
     void scrollbar_Change();
     void scrollbar_Scroll();
@@ -59,7 +59,6 @@ private:
                                    void (ZorbinoMain::*click)());
     void explain(QWidget* control, const QString& help);
     void setTrayEnabled(bool on);
-    void loadBackdrop();
     void spreadBackdrop();
     void refreshGames();
     void drawTray();

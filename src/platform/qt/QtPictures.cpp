@@ -9,16 +9,32 @@
 
 #include <algorithm>
 #include <array>
+#include <string_view>
 #include <system_error>
 
 namespace
 {
 
-/// Other readers that the toolkit may find (icons, vector drawings, ...) are not asked.
-bool isOurFormat(const QByteArray& format)
+struct Kind {
+    std::string_view start;
+    const char* format;
+};
+constexpr std::array<Kind, 4> kinds = {{
+    {"BM", "bmp"},
+    {"GIF8", "gif"},
+    {"\xff\xd8\xff", "jpeg"},
+    {"\x89PNG", "png"},
+}};
+
+/// The kind of picture that a file begins like, or null. Other readers that the toolkit may find (icons,
+/// vector drawings, ...) are not asked, nor even loaded.
+const char* formatOf(QIODevice& device)
 {
-    static const std::array<QByteArray, 5> ours = {"bmp", "gif", "jpeg", "jpg", "png"};
-    return std::ranges::find(ours, format) != ours.end();
+    char bytes[4];
+    const qint64 length = device.peek(bytes, sizeof bytes);
+    const std::string_view start(bytes, static_cast<std::size_t>(std::max(length, qint64{0})));
+    const auto kind = std::ranges::find_if(kinds, [&](const Kind& k) { return start.starts_with(k.start); });
+    return kind == kinds.end() ? nullptr : kind->format;
 }
 
 } // namespace
@@ -31,10 +47,10 @@ std::optional<Surface> QtPictures::read(const std::filesystem::path& file)
     QFile device(file);
     if (!device.open(QIODevice::ReadOnly))
         return std::nullopt;
-    QImageReader reader(&device);
-    reader.setDecideFormatFromContent(true);
-    if (!isOurFormat(reader.format()))
+    const char* format = formatOf(device);
+    if (format == nullptr)
         return std::nullopt;
+    QImageReader reader(&device, format);
     const QSize size = reader.size();
     if (size.isValid() && qint64{size.width()} * size.height() > maximumPixels)
         return std::nullopt;
