@@ -24,7 +24,8 @@ BenchGame::BenchGame(Frames frames, int graphicSize)
     , m_frames(frames)
     , m_graphicSize(graphicSize)
     , m_installation(m_folder)
-    , m_interpreter(m_module, m_installation, *this, Ports{*this, *this, *this, *this, *this, *this})
+    , m_interpreter(m_module, m_installation, *this,
+                    Ports{*this, m_noGameEditor, m_noCodeEditor, *this, *this, *this})
 {
     m_module.GamesFolder.clear();
     const std::string size = std::to_string(graphicSize);

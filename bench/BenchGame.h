@@ -1,5 +1,6 @@
 #pragma once
 
+#include "runtime/QuietPorts.h"
 #include "runtime/ZBContext.h"
 #include "runtime/ZBInterpreter.h"
 
@@ -9,10 +10,8 @@
 #include <string_view>
 
 /// A game without a window for measurements, in a scratch folder with one sprite graphic named "dot".
-class BenchGame : private GameScreen,
-                  private GameEditorPort,
-                  private CodeEditorPort,
-                  private SpyPort,
+class BenchGame : private QuietScreen,
+                  private QuietSpy,
                   private ParseErrorPort,
                   private UserPort,
                   private PictureReader
@@ -32,28 +31,10 @@ public:
     std::uint64_t historyLines() const { return m_historyLines; }
 
 private:
-    void load() override {}
-    void reopen(std::string_view /*title*/) override {}
-    void show() override {}
-    void close() override {}
-    void setTimerInterval(std::optional<int> /*milliseconds*/) override {}
-    void enableTimer(bool /*on*/) override {}
-    void refreshDisplay() override {}
     bool wantsFrames() const override { return m_frames == Frames::Drawn; }
-    void setButtons(RunButtons /*state*/) override {}
-    void setEnabled(bool /*on*/) override {}
-    void startHaltMeAgain() override {}
-    int framesPerMinute() const override { return 1800; }
-    bool isVisible() const override { return false; }
-    void hide() override {}
-    void SetCursorPos(int /*line*/, int /*column*/, bool /*wrap*/) override {}
-    void focusText() override {}
-    void clearHistory() override {}
     void addHistoryLine(std::string_view line) override;
-    void selectLastLine() override {}
-    void showState(std::string_view /*state*/, std::string_view /*subState*/) override {}
-    void enableVariables() override {}
-    void setVariables(const std::vector<std::string>& /*lines*/) override {}
+    void close() override {}
+    using QuietScreen::show;
     void show(std::string_view text) override;
     void messageBox(std::string_view text) override;
     void beep() override {}
@@ -62,6 +43,8 @@ private:
 
     std::filesystem::path m_folder;
     Frames m_frames;
+    QuietGameEditor m_noGameEditor;
+    QuietCodeEditor m_noCodeEditor;
     int m_graphicSize;
     ZB m_module;
     Installation m_installation;

@@ -57,7 +57,7 @@ std::string withProductLineEnds(std::string_view text)
 HeadlessPlayer::HeadlessPlayer(ZB& module, const Installation& installation, PictureReader& pictures,
                                Output output)
     : m_output(std::move(output))
-    , m_interpreter(module, installation, pictures, Ports{*this, *this, *this, *this, *this, *this})
+    , m_interpreter(module, installation, pictures, Ports{*this, *this, m_noCodeEditor, *this, *this, *this})
 {
 }
 

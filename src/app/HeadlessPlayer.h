@@ -1,5 +1,6 @@
 #pragma once
 
+#include "runtime/QuietPorts.h"
 #include "runtime/ZBContext.h"
 #include "runtime/ZBInterpreter.h"
 
@@ -46,10 +47,9 @@ std::string withProductLineEnds(std::string_view text);
 
 /// Plays a game without a window and without waiting, as fast as it goes. Every line of output goes to
 /// `output`.
-class HeadlessPlayer : private GameScreen,
-                       private GameEditorPort,
-                       private CodeEditorPort,
-                       private SpyPort,
+class HeadlessPlayer : private QuietScreen,
+                       private QuietGameEditor,
+                       private QuietSpy,
                        private ParseErrorPort,
                        private UserPort
 {
@@ -65,33 +65,12 @@ public:
     const Surface& display() { return m_interpreter.context().surfaces().Display; }
 
 private:
-    // GameScreen
-    void load() override {}
-    void reopen(std::string_view /*title*/) override {}
-    void show() override {}
-    void close() override {}
-    void setTimerInterval(std::optional<int> /*milliseconds*/) override {}
-    void enableTimer(bool /*on*/) override {}
-    void refreshDisplay() override {}
     bool wantsFrames() const override { return m_options.wantsPicture; }
-    // GameEditorPort
     void setButtons(RunButtons state) override;
-    void setEnabled(bool /*on*/) override {}
-    void startHaltMeAgain() override {}
-    int framesPerMinute() const override { return 1800; }
-    // CodeEditorPort; there is none
-    bool isVisible() const override { return false; }
-    void hide() override {}
-    void SetCursorPos(int /*line*/, int /*column*/, bool /*wrap*/) override {}
-    void focusText() override {}
-    // SpyPort
-    void clearHistory() override {}
     void addHistoryLine(std::string_view line) override;
-    void selectLastLine() override {}
-    void showState(std::string_view /*state*/, std::string_view /*subState*/) override {}
-    void enableVariables() override {}
-    void setVariables(const std::vector<std::string>& /*lines*/) override {}
     // ParseErrorPort
+    void close() override {}
+    using QuietScreen::show;
     void show(std::string_view text) override;
     // UserPort
     void messageBox(std::string_view text) override;
@@ -103,5 +82,6 @@ private:
     Output m_output;
     HeadlessOptions m_options;
     bool m_parseFailed = false;
+    QuietCodeEditor m_noCodeEditor;
     ZBInterpreter m_interpreter;
 };

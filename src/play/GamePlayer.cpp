@@ -1,33 +1,16 @@
 #include "play/GamePlayer.h"
 
 #include "platform/TextFile.h"
+#include "runtime/QuietPorts.h"
 #include "runtime/ZBInterpreter.h"
 
 #include <QTimer>
 
 /// The windows of the workbench that a player does without.
 struct GamePlayer::QuietWindows {
-    struct Editor : GameEditorPort {
-        void setButtons(RunButtons /*state*/) override {}
-        void setEnabled(bool /*on*/) override {}
+    struct Editor : QuietGameEditor {
         void startHaltMeAgain() override { haltMeAgain.start(); }
-        int framesPerMinute() const override { return 1800; }
         QTimer haltMeAgain;
-    };
-    struct Code : CodeEditorPort {
-        bool isVisible() const override { return false; }
-        void hide() override {}
-        void show() override {}
-        void SetCursorPos(int /*line*/, int /*column*/, bool /*wrap*/) override {}
-        void focusText() override {}
-    };
-    struct Spy : SpyPort {
-        void clearHistory() override {}
-        void addHistoryLine(std::string_view /*line*/) override {}
-        void selectLastLine() override {}
-        void showState(std::string_view /*state*/, std::string_view /*subState*/) override {}
-        void enableVariables() override {}
-        void setVariables(const std::vector<std::string>& /*lines*/) override {}
     };
     struct Parse : ParseErrorPort {
         explicit Parse(UserPort& who)
@@ -45,8 +28,8 @@ struct GamePlayer::QuietWindows {
     }
 
     Editor editor;
-    Code code;
-    Spy spy;
+    QuietCodeEditor code;
+    QuietSpy spy;
     Parse parseError;
 };
 
