@@ -67,4 +67,5 @@ struct RunState {
 
     bool running = false;
     bool haltRequested = false;
+    int traceDepth = 0; ///< filled when a copy is made: a frame that ended early leaves the trace indented
 };

@@ -103,9 +103,17 @@ void ZBContext::Start()
     m_interpreter.ports().screen.enableTimer(true);
 }
 
+RunState ZBContext::save() const
+{
+    RunState copy = m_run;
+    copy.traceDepth = m_interpreter.TraceDepth;
+    return copy;
+}
+
 void ZBContext::restore(const RunState& state)
 {
     m_run = state;
+    m_interpreter.TraceDepth = state.traceDepth;
     m_surfaces.Background = *m_run.background;
     m_sceneChanged = true;
     m_interpreter.m_stateShown = false;

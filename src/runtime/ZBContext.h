@@ -68,7 +68,7 @@ public:
     const GameSurfaces& surfaces() const { return m_surfaces; }
 
     /// A copy of everything that the run consists of, and the way back. Only between frames.
-    RunState save() const { return m_run; }
+    RunState save() const;
     void restore(const RunState& state);
 
 private:
