@@ -8,6 +8,12 @@
 /// A text of a program. Every text is kept once, so that two are equal exactly when their addresses are.
 using Text = const std::string*;
 
+/// Lets a table of strings be searched for a text without making a string of it.
+struct TextHash {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>()(text); }
+};
+
 /// Keeps every text of one program and of the runs of it. Addresses stay valid as long as the pool lives.
 class TextPool
 {
@@ -19,9 +25,5 @@ public:
     }
 
 private:
-    struct Hash {
-        using is_transparent = void;
-        std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>()(text); }
-    };
-    std::unordered_set<std::string, Hash, std::equal_to<>> m_texts;
+    std::unordered_set<std::string, TextHash, std::equal_to<>> m_texts;
 };

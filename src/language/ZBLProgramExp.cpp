@@ -235,7 +235,7 @@ std::string ZBLProgramExp::Display() const
 
 std::optional<int> ZBLProgramExp::find(const Index& index, std::string_view name)
 {
-    const auto found = index.find(std::string(name));
+    const auto found = index.find(name);
     return found != index.end() ? std::optional(found->second) : std::nullopt;
 }
 

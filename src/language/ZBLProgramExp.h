@@ -76,7 +76,7 @@ public:
     const VariableTable& variables() const { return m_variables; }
 
 private:
-    using Index = std::unordered_map<std::string, int>;
+    using Index = std::unordered_map<std::string, int, TextHash, std::equal_to<>>;
     static std::optional<int> find(const Index& index, std::string_view name);
     bool parseClasses(const ZBLReader& reader, int& line);
     bool parseStates(const ZBLReader& reader, int& line);

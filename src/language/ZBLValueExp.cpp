@@ -19,17 +19,28 @@ std::optional<ZBLValueExp> ZBLValueExp::Parse(std::string_view word, TextPool& p
 
 std::optional<std::string> ZBLValueExp::toString() const
 {
+    if (type == ValueKind::None)
+        return std::nullopt;
+    std::string text;
+    appendTo(text);
+    return text;
+}
+
+void ZBLValueExp::appendTo(std::string& out) const
+{
     switch (type) {
     case ValueKind::Counter:
-        return generalNumber(realVal);
+        appendGeneralNumber(out, realVal);
+        break;
     case ValueKind::Text:
-        return '"' + *stringVal + '"';
+        out.append("\"").append(*stringVal).append("\"");
+        break;
     case ValueKind::ClassName:
-        return upperCase(*stringVal);
+        appendUpperCase(out, *stringVal);
+        break;
     case ValueKind::None:
         break;
     }
-    return std::nullopt;
 }
 
 std::optional<std::string> ZBLValueExp::toBasicString() const

@@ -36,6 +36,8 @@ public:
     /// As it is written in a program: a number, a text between double quotes, a class name in upper case.
     /// Nothing for a value that was never filled.
     std::optional<std::string> toString() const;
+    /// Appends what toString gives; nothing for a value that was never filled.
+    void appendTo(std::string& out) const;
     /// The bare text: without quotes, a class name in upper case. Nothing for a counter or an empty value.
     std::optional<std::string> toBasicString() const;
 

@@ -98,10 +98,8 @@ bool isAscii(std::string_view text)
     return true;
 }
 
-template<typename Convert> std::string convertCase(std::string_view utf8, Convert convert)
+template<typename Convert> void convertCase(std::string& out, std::string_view utf8, Convert convert)
 {
-    std::string out;
-    out.reserve(utf8.size());
     for (std::size_t at = 0; at < utf8.size();) {
         const std::size_t length = sequenceLength(utf8, at);
         if (length == 0) {
@@ -111,7 +109,6 @@ template<typename Convert> std::string convertCase(std::string_view utf8, Conver
         appendUtf8(out, convert(decodeSequence(utf8, at, length)));
         at += length;
     }
-    return out;
 }
 
 char32_t toLower(char32_t code)
@@ -220,12 +217,23 @@ std::vector<std::string_view> splitLines(std::string_view text)
 
 std::string lowerCase(std::string_view utf8)
 {
-    return convertCase(utf8, toLower);
+    std::string out;
+    out.reserve(utf8.size());
+    convertCase(out, utf8, toLower);
+    return out;
 }
 
 std::string upperCase(std::string_view utf8)
 {
-    return convertCase(utf8, toUpper);
+    std::string out;
+    out.reserve(utf8.size());
+    appendUpperCase(out, utf8);
+    return out;
+}
+
+void appendUpperCase(std::string& out, std::string_view utf8)
+{
+    convertCase(out, utf8, toUpper);
 }
 
 void makeLowerCase(std::string& text)

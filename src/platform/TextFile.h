@@ -21,6 +21,7 @@ std::vector<std::string_view> splitLines(std::string_view text);
 std::string lowerCase(std::string_view utf8);
 /// Upper-cases every letter, ASCII or not, one character for one character.
 std::string upperCase(std::string_view utf8);
+void appendUpperCase(std::string& out, std::string_view utf8);
 /// Lower-cases `text` in place. Malformed bytes are left alone.
 void makeLowerCase(std::string& text);
 

@@ -57,8 +57,10 @@ bool ZBContext::FireEvent()
         m_run.sprites[static_cast<std::size_t>(event.itIndex)].slot = event.itIndex;
     }
     Text className = me.className;
-    const bool traced = m_interpreter.traceBoxes().events;
-    m_interpreter.TraceEventEntry(*className, name, traced ? valueText(me.tag) : std::string());
+    m_tagText.clear();
+    if (m_interpreter.traceBoxes().events)
+        me.tag.appendTo(m_tagText);
+    m_interpreter.TraceEventEntry(*className, name, m_tagText);
     if (!Interpret(block))
         return false;
     m_interpreter.TraceEventExit(*className, name);

@@ -493,8 +493,7 @@ void ZBContext::runPause(const ZBLDebugExp& statement, int depth)
 {
     // The quick form keeps no account of the ifs around, so they are counted in here.
     m_interpreter.TraceDepth += depth;
-    m_interpreter.SpyWrite("\\/\\/\\/\\/\\/\\/\\/\\/\\/\\/\\/\\/\\/\\/\\/\\/\\/\\/\\/", 0);
-    m_interpreter.SpyWrite("     PAUSE REQUESTED AT LINE " + std::to_string(statement.line()), 0);
+    m_interpreter.TracePause(statement.line());
     m_interpreter.TraceDepth -= depth;
     m_interpreter.PauseGame();
 }

@@ -140,6 +140,7 @@ private:
     GameSurfaces m_surfaces;
     std::string m_path;
     std::vector<int> m_hits; ///< scratch of the collision test
+    std::string m_tagText;   ///< scratch of the event trace
     bool m_showMap = false;
     bool m_sceneChanged = true;         ///< since the last frame was drawn
     std::int32_t m_drawnAnimation = -1; ///< the count of animation steps that it showed

@@ -219,19 +219,19 @@ bool ZBInterpreter::TraceLine(int line)
 void ZBInterpreter::TraceStateChange()
 {
     m_stateShown = false;
-    SpyWrite("New State: State=" + m_context->getState() +
-                 " SubState=" + std::string(m_context->getSubState()),
-             0);
+    m_text.assign("New State: State=").append(m_context->getState());
+    m_text.append(" SubState=").append(m_context->getSubState());
+    SpyWrite(m_text, 0);
 }
 
 void ZBInterpreter::TraceFrame(int frameNumber)
 {
-    std::string middle = "|              Frame ";
-    appendPadded(middle, frameNumber, 5);
-    middle += "               |";
+    m_text.assign("|              Frame ");
+    appendPadded(m_text, frameNumber, 5);
+    m_text += "               |";
     SpyWrite(" ________________________________________", 0);
     SpyWrite("|                                        |", 0);
-    SpyWrite(middle, 0);
+    SpyWrite(m_text, 0);
     SpyWrite("|________________________________________|", 0);
 }
 
@@ -253,6 +253,14 @@ void ZBInterpreter::TraceEventExit(std::string_view className, std::string_view 
     if (!m_boxes.events)
         return;
     m_text.assign("}").append(className).append(".").append(eventName);
+    SpyWrite(m_text, 0);
+}
+
+void ZBInterpreter::TracePause(int line)
+{
+    SpyWrite("\\/\\/\\/\\/\\/\\/\\/\\/\\/\\/\\/\\/\\/\\/\\/\\/\\/\\/\\/", 0);
+    m_text.assign("     PAUSE REQUESTED AT LINE ");
+    appendPadded(m_text, line, 1);
     SpyWrite(m_text, 0);
 }
 

@@ -59,6 +59,7 @@ public:
     void TraceEventExit(std::string_view className, std::string_view eventName);
     void TraceIfBegin() { ++TraceDepth; }
     void TraceIfEnd();
+    void TracePause(int line);
     /// The frame box of four lines.
     void TraceFrame(int frameNumber);
     const TraceBoxes& traceBoxes() const { return m_boxes; }
