@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
 
 namespace
@@ -163,19 +164,26 @@ TEST(GraphicDescription, IsFourItemsBehindALineOfFreeText)
 TEST(Blit, TheQuickRoutineDoesWhatThePlainOneDoes)
 {
     Random random(1);
-    const BlitRow best = bestBlitRow();
-    for (std::size_t count = 0; count < 70; ++count) {
-        std::vector<Pixel> mask(count + 1), image(count + 1), target(count + 1);
-        for (std::size_t i = 0; i <= count; ++i) {
-            mask[i] = static_cast<Pixel>(random.next64());
-            image[i] = static_cast<Pixel>(random.next64());
-            target[i] = static_cast<Pixel>(random.next64());
-        }
-        std::vector<Pixel> plain = target;
-        blitRowPlain(plain.data(), mask.data(), image.data(), count);
-        const Pixel beyond = target.back();
-        best(target.data(), mask.data(), image.data(), count);
-        EXPECT_EQ(target, plain) << count;
-        EXPECT_EQ(target.back(), beyond);
+    constexpr std::size_t sourceStride = 80;
+    constexpr std::size_t targetStride = 90;
+    constexpr std::size_t rows = 3;
+    const auto noise = [&](std::size_t count) {
+        std::vector<Pixel> pixels(count);
+        std::ranges::generate(pixels, [&] { return static_cast<Pixel>(random.next64()); });
+        return pixels;
+    };
+    for (std::size_t width = 0; width < 70; ++width) {
+        const auto mask = noise(sourceStride * rows);
+        const auto image = noise(sourceStride * rows);
+        auto best = noise(targetStride * rows);
+        auto plain = best;
+        const std::size_t start = width % 9; // at every address
+        const auto job = [&](std::vector<Pixel>& target) {
+            return BlitJob{&target[start], targetStride, &mask[width % 5], &image[width % 7], sourceStride,
+                           width,          rows};
+        };
+        blit(job(best));
+        blitPlain(job(plain));
+        EXPECT_TRUE(best == plain) << width;
     }
 }
