@@ -3,12 +3,14 @@
 
 # To build the program.
 packages_build=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev)
-# To start it: the platform plugins, the renderer of the icons, Liberation for Courier New and MS Sans Serif.
-packages_run=(libqt6svg6 qt6-qpa-plugins fonts-liberation)
+# To start it: the platform plugins, the renderer of the icons, a font for the windows, and Liberation for Courier New.
+packages_run=(libqt6svg6 qt6-qpa-plugins fonts-dejavu-core fonts-liberation)
 # To build and run the tests. lua and benchmark are for bench/ alone and are not here.
 packages_test=(libgtest-dev)
 # What .ci/run adds to that: the formatter, the fuzzers, the validators, the package builder.
-packages_ci=(clang-format clang libclang-rt-14-dev desktop-file-utils appstream dpkg-dev file man-db groff-base cmark-gfm)
+# CUPS and its PDF printer are there so that the print queue is tested for real.
+packages_ci=(cups-daemon cups-client printer-driver-cups-pdf clang-format clang libclang-rt-14-dev desktop-file-utils appstream dpkg-dev file
+    man-db groff-base cmark-gfm)
 
 have_package()
 {
