@@ -71,6 +71,9 @@ void GameEditor::Form_Load()
     showTitle();
     m_desk.LogProgress(QStringLiteral("GameEditor.Form_Load: loading code editor"));
     m_codeEditor = m_desk.createCodeEditor();
+    place(*this, Where::Corner);
+    if (QWidget* code = m_codeEditor->widget())
+        place(*code, Where::Right);
     ZB& module = m_desk.module();
     m_spy = std::make_unique<SpyWindow>(*m_codeEditor);
     m_parseError = std::make_unique<ParseError>(module, *m_codeEditor);
@@ -78,7 +81,7 @@ void GameEditor::Form_Load()
         module, m_desk.installation(), m_desk.pictures(),
         Ports{m_gameWindow, *this, *m_codeEditor, *m_spy, *m_parseError, m_user});
     m_gameWindow.attach(*m_interpreter);
-    connect(&m_gameWindow, &GameWindow::aboutToShow, this, [this] { placeBeside(m_gameWindow, false); });
+    connect(&m_gameWindow, &GameWindow::aboutToShow, this, [this] { place(m_gameWindow, Where::Below); });
     connect(m_spy.get(), &SpyWindow::traceBoxesChanged, this,
             [this] { m_interpreter->setTraceBoxes(m_spy->traceBoxes()); });
     m_desk.LogProgress(QStringLiteral("GameEditor.Form_Load: loading source code"));
@@ -176,19 +179,23 @@ QLayout* GameEditor::makeSpeed()
     return line;
 }
 
-void GameEditor::placeBeside(QWidget& window, bool below)
+void GameEditor::place(QWidget& window, Where where) const
 {
     if (window.testAttribute(Qt::WA_Moved)) // the user's choice stays
         return;
+    constexpr int titleBar = 36; // about what the desktop puts around a window
     const QRect free = screen()->availableGeometry();
-    const QRect editor = frameGeometry();
-    window.ensurePolished();
-    window.layout()->activate();
-    const QPoint wanted =
-        below ? editor.bottomLeft() + QPoint(0, margin) : editor.topRight() + QPoint(margin, 0);
-    const int right = std::max(free.left(), free.right() - window.width());
-    const int bottom = std::max(free.top(), free.bottom() - window.height());
-    window.move(std::min(wanted.x(), right), std::min(wanted.y(), bottom));
+    const QRect editor = geometry();
+    if (window.layout() != nullptr)
+        window.layout()->activate();
+    QPoint corner = free.topLeft() + QPoint(margin, margin);
+    if (where == Where::Right)
+        corner.setX(editor.right() + 2 * margin);
+    if (where == Where::Below)
+        corner.setY(editor.bottom() + titleBar + margin);
+    const int right = std::max(free.left(), free.right() - window.width() - margin);
+    const int bottom = std::max(free.top(), free.bottom() - window.height() - titleBar);
+    window.move(std::min(corner.x(), right), std::min(corner.y(), bottom));
 }
 
 // ---- Run control
@@ -305,7 +312,7 @@ void GameEditor::ResWindowButton_Click()
 
 void GameEditor::SpyWindowButton_Click()
 {
-    placeBeside(*m_spy, true);
+    place(*m_spy, Where::Right);
     m_spy->showNormal();
     m_spy->raise();
     m_spy->activateWindow();

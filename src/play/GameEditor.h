@@ -65,7 +65,9 @@ private:
     bool mayClose();
     void endRun();
     void CloseAgain_Timer();
-    void placeBeside(QWidget& window, bool below);
+    /// Gives a window its first place on the screen, seen from this one.
+    enum class Where { Corner, Right, Below };
+    void place(QWidget& window, Where where) const;
 
     Desk& m_desk;
     QToolButton* m_play = nullptr;
