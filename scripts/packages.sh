@@ -5,8 +5,10 @@
 packages_build=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev)
 # To start it: the platform plugins, the renderer of the icons, a font for the windows, and Liberation for Courier New.
 packages_run=(libqt6svg6 qt6-qpa-plugins fonts-dejavu-core fonts-liberation)
-# To build and run the tests. lua and benchmark are for bench/ alone and are not here.
+# To build and run the tests.
 packages_test=(libgtest-dev)
+# To build and run the benchmarks, with the language that they measure against.
+packages_bench=(libbenchmark-dev liblua5.4-dev pkg-config xvfb xauth)
 # What .ci/run adds to that: the formatter, the fuzzers, the validators, the package builder.
 # CUPS and its PDF printer are there so that the print queue is tested for real.
 packages_ci=(cups-daemon cups-client printer-driver-cups-pdf clang-format clang libclang-rt-14-dev desktop-file-utils appstream dpkg-dev file
