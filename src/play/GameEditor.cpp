@@ -258,6 +258,7 @@ void GameEditor::PlayButton_Click()
     if (m_starting || m_interpreter->inFrame() || m_closing == Closing::Stopping)
         return;
     const QScopedValueRollback starting(m_starting, true);
+    m_interpreter->setSeed(QRandomGenerator::system()->generate64()); // chance falls anew in every run
     m_interpreter->RunGame(m_codeEditor->text(), 1);
 }
 
