@@ -8,6 +8,7 @@
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QRandomGenerator>
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QSlider>
