@@ -14,8 +14,8 @@ class ZBInterpreter;
 class CodeEditorForm : public CodeEditorPort
 {
 public:
-    /// Loads a program text by its product path ("games\00000001\code.txt") and shows the window. False where it
-    /// cannot be read; the window is then hidden.
+    /// Loads a program text by its product path ("games\00000001\code.txt") and shows the window. False where
+    /// it cannot be read; the window is then hidden.
     virtual bool LoadFile(const QString& productPath) = 0;
     /// Writes the text to its file. False where that failed (the user has been told).
     virtual bool saveFile() = 0;
@@ -27,8 +27,8 @@ public:
     virtual QWidget* widget() = 0;
 };
 
-/// What a window asks of the program around it: the shared state and the other windows. The program implements it;
-/// tests hand in a pretended one.
+/// What a window asks of the program around it: the shared state and the other windows. The program
+/// implements it; tests hand in a pretended one.
 class Desk
 {
 public:

@@ -14,7 +14,8 @@
 
 class QAbstractButton;
 
-// What all windows share: icons, message boxes, fonts, conversions, and the widget that shows a picture of the core.
+// What all windows share: icons, message boxes, fonts, conversions, and the widget that shows a picture of
+// the core.
 namespace forms
 {
 
@@ -24,8 +25,8 @@ std::string toUtf8(const QString& text);
 /// The icon assets/ui/<name>.svg, crisp at every scale.
 QIcon icon(const char* name);
 
-/// Sets name, accessible name, tip and icon of a button in one go; the tip becomes the accessible name where a
-/// caption is missing.
+/// Sets name, accessible name, tip and icon of a button in one go; the tip becomes the accessible name where
+/// a caption is missing.
 void dressButton(QAbstractButton& button, const char* objectName, const char* iconName, const QString& tip);
 
 /// "Courier New" by name, or the metric-compatible fixed font that the system has.
@@ -48,8 +49,8 @@ std::optional<QString> askText(QWidget* parent, const QString& title, const QStr
 QImage viewOf(const Surface& surface);
 Surface toSurface(const QImage& image);
 
-/// A picture area: shows a surface that somebody else owns, at its top left corner, one pixel to one. The device
-/// pixel ratio is compensated by scaling, without smoothing.
+/// A picture area: shows a surface that somebody else owns, at its top left corner, one pixel to one. The
+/// device pixel ratio is compensated by scaling, without smoothing.
 class PictureArea : public QWidget
 {
     Q_OBJECT
