@@ -5,7 +5,8 @@
 
 #include <cstdio>
 
-// The least that a program of the toolkit can do: one window of the library's size, painted once.
+// The least that a program of the toolkit can do: one window of the library's size, painted once, with a word
+// in it.
 
 namespace
 {
@@ -15,7 +16,9 @@ class Window : public QWidget
 protected:
     void paintEvent(QPaintEvent*) override
     {
-        QPainter(this).fillRect(rect(), Qt::blue);
+        QPainter painter(this);
+        painter.fillRect(rect(), Qt::blue);
+        painter.drawText(rect(), Qt::AlignCenter, QStringLiteral("Hello"));
         QTimer::singleShot(0, this, [] {
             std::puts("painted");
             std::fflush(stdout);

@@ -1,6 +1,7 @@
 #include "app/Workbench.h"
 
 #include "forms/Forms.h"
+#include "library/ZorbinoMain.h"
 #include "runtime/GameFolders.h"
 
 #include <QApplication>
@@ -9,6 +10,8 @@
 #include <QTimer>
 
 #include <cstdio>
+#include <dlfcn.h>
+#include <future>
 
 namespace
 {
@@ -22,6 +25,16 @@ std::filesystem::path workingDirectory()
     std::error_code error;
     const auto folder = std::filesystem::current_path(error);
     return error ? std::filesystem::path("/nowhere") : folder;
+}
+
+/// Lets the system look for its fonts beside the start of the toolkit, which would wait for it later. Where
+/// the system has another way with fonts, nothing happens.
+std::future<void> lookForFonts()
+{
+    return std::async(std::launch::async, [] {
+        if (auto* initialise = reinterpret_cast<int (*)()>(::dlsym(RTLD_DEFAULT, "FcInit")))
+            initialise();
+    });
 }
 
 /// Says when the tray has been painted for the first time, and leaves. For measuring.
@@ -60,6 +73,7 @@ void workOn(Workbench& workbench, const QString& folder)
 
 int main(int argc, char* argv[])
 {
+    const auto fonts = lookForFonts();
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("zorbino"));
     forms::dressApplication();
@@ -83,6 +97,8 @@ int main(int argc, char* argv[])
         forms::tell(nullptr, wrongFolder.toString());
         return 0;
     }
+    if (!words.isSet(workWord))
+        ZorbinoMain::readAhead(workbench);
     FirstPaint firstPaint;
     if (words.isSet(firstPaintWord))
         application.installEventFilter(&firstPaint);

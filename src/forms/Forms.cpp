@@ -14,6 +14,9 @@
 #include <QStyle>
 #include <QStyleOption>
 
+#include <future>
+#include <map>
+
 // Outside every namespace: that is where the resource compiler puts its function.
 static void loadIcons()
 {
@@ -24,6 +27,31 @@ static void loadIcons()
 
 namespace
 {
+
+/// The drawing in `file`, as large as `size` allows.
+QImage drawingOf(const QString& file, QSize size)
+{
+    QImageReader reader(file, "svg"); // reads the drawing once; an icon made of the file would read it twice
+    reader.setScaledSize(reader.size().scaled(size, Qt::KeepAspectRatio));
+    return reader.read();
+}
+
+QString drawingFile(const char* name)
+{
+    return QStringLiteral(":/ui/%1.svg").arg(QLatin1String(name));
+}
+
+/// Drawings that were begun before anybody needed them.
+struct DrawnAhead {
+    QSize size;
+    std::map<QString, std::shared_future<QImage>> drawings;
+};
+
+DrawnAhead& drawnAhead()
+{
+    static DrawnAhead ahead;
+    return ahead;
+}
 
 /// A drawing that is read when it is first shown. Windows have dozens of icons, most of them in menus and
 /// panels that are still closed when the window must be there.
@@ -52,22 +80,20 @@ public:
         return drawn;
     }
     QSize actualSize(const QSize& size, QIcon::Mode, QIcon::State) override { return size; }
-    /// Asked for by title bars and task bars only.
-    QList<QSize> availableSizes(QIcon::Mode, QIcon::State) override { return {{32, 32}, {64, 64}}; }
+    /// Asked for by title bars and task bars only, which make of it what they need.
+    QList<QSize> availableSizes(QIcon::Mode, QIcon::State) override { return {{48, 48}}; }
     QIconEngine* clone() const override { return new DrawnIcon(*this); }
     bool isNull() override { return false; }
 
 private:
     QPixmap draw(const QSize& size, QIcon::Mode mode) const
     {
-        QImageReader reader(m_file,
-                            "svg"); // reads the drawing once; an icon made of the file would read it twice
-        const QSize fitted = reader.size().scaled(size, Qt::KeepAspectRatio);
-        reader.setScaledSize(fitted);
-        const QImage image = reader.read();
+        const auto ahead = drawnAhead().drawings.find(m_file);
+        const bool known = size == drawnAhead().size && ahead != drawnAhead().drawings.end();
+        const QImage image = known ? ahead->second.get() : drawingOf(m_file, size);
         QPixmap drawn(size);
         drawn.fill(Qt::transparent);
-        QPainter(&drawn).drawImage((size.width() - fitted.width()) / 2, (size.height() - fitted.height()) / 2,
+        QPainter(&drawn).drawImage((size.width() - image.width()) / 2, (size.height() - image.height()) / 2,
                                    image);
         if (mode != QIcon::Disabled)
             return drawn;
@@ -126,10 +152,20 @@ std::string toUtf8(const QString& text)
 QIcon icon(const char* name)
 {
     loadIcons();
-    const QString file = QStringLiteral(":/ui/%1.svg").arg(QLatin1String(name));
+    const QString file = drawingFile(name);
     if (QFile::exists(file))
         return QIcon(new DrawnIcon(file));
     return letterIcon(QLatin1Char(*name == '\0' ? '?' : *name));
+}
+
+void drawAhead(std::vector<const char*> names, QSize size)
+{
+    loadIcons();
+    drawnAhead().size = (QSizeF(size) * qApp->devicePixelRatio()).toSize();
+    for (const char* name : names) {
+        const QString file = drawingFile(name);
+        drawnAhead().drawings[file] = std::async(std::launch::async, drawingOf, file, drawnAhead().size);
+    }
 }
 
 void dressButton(QAbstractButton& button, const char* objectName, const char* iconName, const QString& tip)

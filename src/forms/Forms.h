@@ -11,6 +11,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 class QAbstractButton;
 
@@ -24,6 +25,10 @@ std::string toUtf8(const QString& text);
 
 /// The icon assets/ui/<name>.svg, crisp at every scale.
 QIcon icon(const char* name);
+
+/// Begins to draw icons of `size` beside the work of the caller, so that they are there when they are first
+/// shown.
+void drawAhead(std::vector<const char*> names, QSize size);
 
 /// Sets name, accessible name, tip and icon of a button in one go; the tip becomes the accessible name where
 /// a caption is missing.

@@ -8,6 +8,8 @@
 #include <QGuiApplication>
 #include <QPainter>
 
+#include <memory>
+
 namespace
 {
 
@@ -21,21 +23,30 @@ Qt::TransformationMode modeFor(QSize from, QSize to)
 
 } // namespace
 
+QImage imageOf(Surface&& surface)
+{
+    auto owned = std::make_unique<Surface>(std::move(surface));
+    const QImage view = forms::viewOf(*owned);
+    const auto whenTheLastCopyGoes = [](void* pixels) {
+        std::unique_ptr<Surface>(static_cast<Surface*>(pixels));
+    };
+    return QImage(view.constBits(), view.width(), view.height(), view.bytesPerLine(), view.format(),
+                  whenTheLastCopyGoes, owned.release());
+}
+
 QPixmap pictureOf(Desk& desk, std::string_view productPath, QSize size, Qt::AspectRatioMode ratio)
 {
     const auto file = desk.installation().find(productPath);
     if (!file)
         return {};
-    const auto surface = desk.pictures().read(*file);
+    auto surface = desk.pictures().read(*file);
     if (!surface || surface->isNull())
         return {};
     const qreal scale = qGuiApp->devicePixelRatio();
-    QImage image = forms::viewOf(*surface);
+    QImage image = imageOf(std::move(*surface));
     const QSize wanted = image.size().scaled((QSizeF(size) * scale).toSize(), ratio);
-    // Either way a copy: the surface goes away.
-    image = image.size() == wanted
-                ? image.copy()
-                : image.scaled(wanted, Qt::IgnoreAspectRatio, modeFor(image.size(), wanted));
+    if (image.size() != wanted)
+        image = image.scaled(wanted, Qt::IgnoreAspectRatio, modeFor(image.size(), wanted));
     QPixmap picture = QPixmap::fromImage(image);
     picture.setDevicePixelRatio(scale);
     return picture;

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "platform/Surface.h"
+
+#include <QImage>
 #include <QPixmap>
 #include <QSize>
 
@@ -12,6 +15,9 @@ struct GameRecord;
 // Pictures of the installation at the size in which a window shows them, sharp on every screen.
 
 inline constexpr int iconSide = 80;
+
+/// The pixels of a surface as an image that owns them.
+QImage imageOf(Surface&& surface);
 
 /// The picture file of that product path, brought to `size`; a null pixmap where it is missing or damaged.
 QPixmap pictureOf(Desk& desk, std::string_view productPath, QSize size,

@@ -8,9 +8,9 @@
 #include "library/TrayMath.h"
 #include "runtime/GameFolders.h"
 
+#include <QCoreApplication>
 #include <QEvent>
 #include <QFrame>
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -70,11 +70,26 @@ QImage readBackdrop(Desk& desk)
 {
     const bool first = QRandomGenerator::global()->generateDouble() > 0.5;
     const auto file = desk.installation().find(first ? "zbo\\zorbino1.jpg" : "zbo\\zorbino2.jpg");
-    const auto surface = file ? desk.pictures().read(*file) : std::nullopt;
-    return surface ? forms::viewOf(*surface).copy() : QImage();
+    auto surface = file ? desk.pictures().read(*file) : std::nullopt;
+    return surface ? imageOf(std::move(*surface)) : QImage();
+}
+
+std::future<QImage>& comingBackdrop()
+{
+    static std::future<QImage> picture;
+    return picture;
 }
 
 } // namespace
+
+void ZorbinoMain::readAhead(Desk& desk)
+{
+    if (comingBackdrop().valid())
+        return;
+    comingBackdrop() = std::async(std::launch::async, [&desk] { return readBackdrop(desk); });
+    const QSize size(pictureSide, pictureSide);
+    forms::drawAhead({"create", "unpack", "special", "exit"}, size);
+}
 
 ZorbinoMain::ZorbinoMain(Desk& desk, QWidget* parent)
     : QWidget(parent)
@@ -84,10 +99,9 @@ ZorbinoMain::ZorbinoMain(Desk& desk, QWidget* parent)
     setObjectName(u"ZorbinoMain");
     setWindowTitle(forms::fromUtf8(ProductName));
     setAttribute(Qt::WA_DeleteOnClose);
-    // The largest picture is read while the controls are made.
-    auto picture = std::async(std::launch::async, [&desk] { return readBackdrop(desk); });
+    readAhead(desk); // unless the program has done so long before
     layOut();
-    Form_Load(picture.get());
+    Form_Load(comingBackdrop().get());
 }
 
 ZorbinoMain::~ZorbinoMain() = default;
@@ -279,18 +293,17 @@ bool ZorbinoMain::eventFilter(QObject* watched, QEvent* event)
 
 void ZorbinoMain::Form_Load(const QImage& picture)
 {
-    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    setCursor(Qt::WaitCursor);
     m_scrollbar->setEnabled(false);
     m_picture = picture.isNull() ? plainSky(outerSize) : QPixmap::fromImage(picture);
     resize(outerSize); // less the frame, as soon as there is one
     m_scrollbar->setMinimum(1);
     refreshGames();
-    centreActionWindow();
     m_scrollbar->setEnabled(true);
     spreadBackdrop();
     scrollbar_Change();
     m_tray->setFocus();
-    QGuiApplication::restoreOverrideCursor();
+    unsetCursor();
 }
 
 void ZorbinoMain::spreadBackdrop()
@@ -489,7 +502,8 @@ void ZorbinoMain::resizeEvent(QResizeEvent* event)
     QWidget::resizeEvent(event);
     layout()->activate(); // the tray has its new width from here on
     spreadBackdrop();
-    centreActionWindow();
+    if (m_actionWindow->isVisible())
+        centreActionWindow();
     drawTray();
 }
 

@@ -25,6 +25,10 @@ public:
     explicit ZorbinoMain(Desk& desk, QWidget* parent = nullptr);
     ~ZorbinoMain() override;
 
+    /// Starts to read the large pictures of the next library window, beside whatever the caller does
+    /// meanwhile.
+    static void readAhead(Desk& desk);
+
     void DrawGameTile(TileArea& area, const GameRecord& game, int left, int top);
     void DisableTray();
     void EnableTray();

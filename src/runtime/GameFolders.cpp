@@ -7,6 +7,8 @@
 #include <array>
 #include <unordered_set>
 
+namespace fs = std::filesystem;
+
 namespace
 {
 
@@ -67,6 +69,19 @@ std::string withoutLineBreaks(std::string_view text)
     return line;
 }
 
+/// The record in the text of a properties file; a missing line is empty.
+GameRecord recordOf(std::string_view folder, std::string_view text)
+{
+    GameRecord game;
+    game.folder = folder;
+    const auto lines = splitLines(text);
+    if (!lines.empty())
+        game.author = lines[0];
+    if (lines.size() > 1)
+        game.title = lines[1];
+    return game;
+}
+
 std::string_view extensionOf(std::string_view fileName)
 {
     const auto dot = fileName.rfind('.');
@@ -105,29 +120,30 @@ std::optional<std::string> CreateGameFolder(const Installation& installation, st
 std::vector<GameRecord> ListGames(const Installation& installation)
 {
     std::vector<GameRecord> games;
-    for (const auto& entry : installation.list("games")) {
-        GameRecord game = readGameRecord(installation, entry + '\\');
-        // What could be read is there; the file system is only asked again about the rest.
-        const bool read = !game.author.empty() || !game.title.empty();
-        if (read || installation.isFile(gameFile(game.folder, "prop.zbo")))
-            games.push_back(std::move(game));
+    const auto folder = installation.find("games");
+    if (!folder)
+        return games;
+    std::error_code error;
+    for (fs::directory_iterator entry(*folder, error), end; !error && entry != end; entry.increment(error)) {
+        const std::string name = entry->path().filename().string();
+        // Asking the installation for each part of a path would take most of the time with thousands of
+        // games. Only what is spelt or made in another way (capitals, links) is left to it.
+        std::error_code ignored;
+        const fs::path properties = entry->path() / "prop.zbo";
+        std::optional<std::string> text;
+        if (!entry->is_symlink(ignored) && fs::is_regular_file(fs::symlink_status(properties, ignored)))
+            text = readFileBytes(properties, Installation::maximumFileSize);
+        if (text)
+            games.push_back(recordOf(name + '\\', decodeText(*text)));
+        else if (installation.isFile(gameFile(name + '\\', "prop.zbo")))
+            games.push_back(readGameRecord(installation, name + '\\'));
     }
     return games;
 }
 
 GameRecord readGameRecord(const Installation& installation, std::string_view folder)
 {
-    GameRecord game;
-    game.folder = folder;
-    const auto text = installation.readText(gameFile(folder, "prop.zbo"));
-    if (!text)
-        return game;
-    const auto lines = splitLines(*text);
-    if (!lines.empty())
-        game.author = lines[0];
-    if (lines.size() > 1)
-        game.title = lines[1];
-    return game;
+    return recordOf(folder, installation.readText(gameFile(folder, "prop.zbo")).value_or(std::string()));
 }
 
 bool SaveGameProperties(const Installation& installation, const GameRecord& game)

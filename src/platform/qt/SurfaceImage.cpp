@@ -17,7 +17,8 @@ Surface surfaceOfImage(const QImage& image)
     if (image.isNull())
         return {};
     // Not premultiplied: the colours must come through as they stand in the file.
-    const QImage plain = image.convertToFormat(QImage::Format_ARGB32);
+    const bool opaque = image.format() == QImage::Format_RGB32;
+    const QImage plain = opaque ? image : image.convertToFormat(QImage::Format_ARGB32);
     if (plain.isNull()) // no memory for a second copy
         return {};
     Surface surface(plain.width(), plain.height());
