@@ -55,12 +55,12 @@ public:
 
 /// A program with these statements in the blocks of class "ball" and state "begin".
 struct Blocks {
-    std::string normal;
-    std::string collision;
-    std::string mapchange;
-    std::string create;
-    std::string destroy;
-    std::string initialize;
-    std::string loop;
+    std::string normal = {};
+    std::string collision = {};
+    std::string mapchange = {};
+    std::string create = {};
+    std::string destroy = {};
+    std::string initialize = {};
+    std::string loop = {};
 };
 std::string programOf(const Blocks& blocks);
