@@ -6,6 +6,20 @@
 
 // Queued events, collisions and map squares.
 
+namespace
+{
+
+// Events that cause events could keep one frame busy for ever. What the blocks of a frame may do, counted in
+// steps; no game comes near it that is to be seen moving.
+#ifdef FUZZING_BUILD_MODE_UNSAFE_FOR_PRODUCTION
+constexpr std::int64_t mostWorkInAPass = 100'000; // fuzzers want many games, not long ones
+#else
+constexpr std::int64_t mostWorkInAPass = 10'000'000;
+#endif
+constexpr std::int64_t workOfAnEvent = 40; // beside that of its block
+
+} // namespace
+
 const Program::ClassCode* ZBContext::classOf(std::int32_t spriteIndex) const
 {
     if (!m_run.programLoaded || spriteIndex < 0 ||
@@ -45,6 +59,13 @@ bool ZBContext::FireEvent()
     if (block.isEmpty())
         return true;
 
+    m_workInPass += workOfAnEvent + block.stepCount();
+    if (m_workInPass > mostWorkInAPass)
+        return fail(
+            "The events of this frame never come to an end!  This block may be one of those that cause each "
+            "other.",
+            block.openingLine());
+
     ZBSprite& me = m_run.sprites[static_cast<std::size_t>(event.meIndex)];
     m_run.me = event.meIndex;
     me.slot = event.meIndex;
@@ -70,6 +91,7 @@ bool ZBContext::FireEvent()
 
 bool ZBContext::DoSpriteEvents()
 {
+    m_workInPass = 0;
     for (std::int32_t i = 0; i < m_run.spriteCount; ++i)
         if (!m_run.sprites[static_cast<std::size_t>(i)].destroyed && !TriggerEvent(i, EventName::Normal, -1))
             return false;

@@ -62,6 +62,9 @@ public:
     explicit SequenceCode(const ZBLExp& source);
 
     bool isEmpty() const { return m_source->isempty(); }
+    /// The line that opens the block.
+    int openingLine() const { return m_source->firstLine() - 1; }
+    int stepCount() const { return static_cast<int>(m_quick.size()); }
     const Step* quick() const { return m_quick.data(); }
     /// Made when it is first asked for: most blocks of most runs are never traced.
     const Step* traced() const;

@@ -139,8 +139,9 @@ private:
     RunState m_run;
     GameSurfaces m_surfaces;
     std::string m_path;
-    std::vector<int> m_hits; ///< scratch of the collision test
-    std::string m_tagText;   ///< scratch of the event trace
+    std::vector<int> m_hits;       ///< scratch of the collision test
+    std::string m_tagText;         ///< scratch of the event trace
+    std::int64_t m_workInPass = 0; ///< what the events of this pass have cost
     bool m_showMap = false;
     bool m_sceneChanged = true;         ///< since the last frame was drawn
     std::int32_t m_drawnAnimation = -1; ///< the count of animation steps that it showed
