@@ -76,6 +76,7 @@ int main(int argc, char* argv[])
     const auto fonts = lookForFonts();
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("zorbino"));
+    QApplication::setDesktopFileName(QStringLiteral("zorbino")); // so that desktops find our icon
     forms::dressApplication();
 
     QCommandLineParser words;
