@@ -13,6 +13,11 @@ if(ZB_SANITIZE)
     target_compile_options(zb_flags INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(zb_flags INTERFACE -fsanitize=address,undefined)
 endif()
+if(ZB_FUZZ)
+    # The fuzzers see which lines of the core an input reaches.
+    target_compile_options(zb_flags INTERFACE -fsanitize=fuzzer-no-link)
+    target_compile_definitions(zb_flags INTERFACE FUZZING_BUILD_MODE_UNSAFE_FOR_PRODUCTION)
+endif()
 
 # zb_library(NAME dependency...): a static library with the shared flags; its sources are added by
 # the folders that belong to it. The calls in src/CMakeLists.txt are the layer diagram.

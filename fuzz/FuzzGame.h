@@ -1,0 +1,37 @@
+#pragma once
+
+#include "app/HeadlessPlayer.h"
+#include "platform/qt/QtPictures.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <string_view>
+
+/// A scratch game that lives as long as the fuzzer. Its folder holds the graphic "dot" and the map "map";
+/// inputs are written beside them.
+class FuzzGame
+{
+public:
+    /// The one of this process.
+    static FuzzGame& instance();
+
+    void write(std::string_view name, std::string_view bytes) const;
+    const std::filesystem::path& folder() const { return m_folder; }
+    /// Plays a program for some frames, drawn and with every box ticked.
+    void play(std::string_view program, int frames);
+    HeadlessPlayer& player() { return m_player; }
+
+private:
+    FuzzGame();
+
+    std::filesystem::path m_folder;
+    ZB m_module;
+    QtPictures m_pictures;
+    Installation m_installation;
+    HeadlessPlayer m_player;
+};
+
+inline std::string_view textOf(const std::uint8_t* data, std::size_t size)
+{
+    return {reinterpret_cast<const char*>(data), size};
+}
