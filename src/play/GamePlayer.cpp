@@ -52,7 +52,8 @@ GamePlayer::~GamePlayer() = default;
 
 bool GamePlayer::play()
 {
-    const std::string file = "games\\" + m_interpreter->module().CurrentGame.folder + "code.txt";
+    const std::string file =
+        m_interpreter->module().GamesFolder + m_interpreter->module().CurrentGame.folder + "code.txt";
     const auto text = m_interpreter->installation().readText(file);
     if (!text)
         return false;
