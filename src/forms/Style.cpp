@@ -140,6 +140,10 @@ public:
         const QScopedValueRollback dressing(m_dressing, true);
         const bool dark = isDark(QApplication::palette());
         QApplication::setPalette(ourPalette(dark));
+        QPalette scrollBars = ourPalette(dark);
+        scrollBars.setColor(QPalette::Button,
+                            QColor(dark ? 0xff5f687a : 0xffc3cbdb)); // a handle that is seen
+        QApplication::setPalette(scrollBars, "QScrollBar");
         if (m_dark == dark)
             return;
         m_dark = dark;
