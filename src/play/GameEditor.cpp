@@ -87,8 +87,7 @@ void GameEditor::Form_Load()
             [this] { m_interpreter->setTraceBoxes(m_spy->traceBoxes()); });
     m_desk.LogProgress(QStringLiteral("GameEditor.Form_Load: loading source code"));
     // A text that cannot be read leaves the code editor empty and hidden.
-    m_codeEditor->LoadFile(
-        QStringLiteral("games\\%1code.txt").arg(forms::fromUtf8(module.CurrentGame.folder)));
+    m_codeEditor->LoadFile(forms::fromUtf8(module.GamesFolder + module.CurrentGame.folder + "code.txt"));
     m_desk.LogProgress(QStringLiteral("GameEditor.Form_Load: done"));
 }
 
@@ -194,6 +193,9 @@ void GameEditor::place(QWidget& window, Where where) const
         corner.setX(editor.right() + 2 * margin);
     if (where == Where::Below)
         corner.setY(editor.bottom() + titleBar + margin);
+    const int room = free.right() - corner.x() - margin;
+    if (where == Where::Right && room >= window.minimumSizeHint().width())
+        window.resize(std::min(window.width(), room), window.height());
     const int right = std::max(free.left(), free.right() - window.width() - margin);
     const int bottom = std::max(free.top(), free.bottom() - window.height() - titleBar);
     window.move(std::min(corner.x(), right), std::min(corner.y(), bottom));
