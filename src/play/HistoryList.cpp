@@ -1,6 +1,6 @@
 #include "play/HistoryList.h"
 
-#include "forms/Forms.h"
+#include "play/LineDelegate.h"
 
 #include <QScopedValueRollback>
 #include <QScrollBar>
@@ -13,6 +13,8 @@ HistoryList::HistoryList(QWidget* parent)
 {
     setModel(m_model);
     setUniformItemSizes(true);
+    setItemDelegate(new LineDelegate(this));
+    setHorizontalScrollMode(ScrollPerPixel);
     setEditTriggers(NoEditTriggers);
     setVerticalScrollMode(ScrollPerItem);
     connect(verticalScrollBar(), &QScrollBar::valueChanged, this, &HistoryList::scrolled);

@@ -4,12 +4,15 @@
 #include "platform/NumberText.h"
 #include "platform/Rounding.h"
 #include "play/HistoryList.h"
+#include "play/LineDelegate.h"
 
 #include <QCheckBox>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListView>
 #include <QScrollBar>
+#include <QSplitter>
 #include <QStringListModel>
 #include <QVBoxLayout>
 
@@ -35,10 +38,22 @@ QLabel* makeStateLabel(const char* name, const QString& accessibleName)
     label->setObjectName(QLatin1String(name));
     label->setAccessibleName(accessibleName);
     label->setTextFormat(Qt::PlainText);
-    label->setFrameStyle(static_cast<int>(QFrame::StyledPanel) | static_cast<int>(QFrame::Sunken));
+    label->setStyleSheet(
+        QStringLiteral("border: 1px solid palette(mid); border-radius: 6px; padding: 3px 6px;"));
     label->setMinimumWidth(label->fontMetrics().averageCharWidth() * 16);
-    label->setMargin(4);
     return label;
+}
+
+/// Widgets below each other; the last takes the room that is left.
+QWidget* makeColumn(std::initializer_list<QWidget*> widgets)
+{
+    auto* column = new QWidget;
+    auto* layout = new QVBoxLayout(column);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(gap / 2);
+    for (QWidget* widget : widgets)
+        layout->addWidget(widget, widget == widgets.end()[-1] ? 1 : 0);
+    return column;
 }
 
 } // namespace
@@ -58,18 +73,21 @@ SpyWindow::SpyWindow(CodeEditorPort& codeEditor)
     setWindowTitle(QStringLiteral("Spy"));
     setWindowIcon(forms::icon("spy"));
 
-    auto* lists = new QHBoxLayout;
-    lists->setSpacing(margin);
-    lists->addLayout(makeHistory(), 2);
-    lists->addLayout(makeVariables(), 1);
+    auto* lists = new QSplitter;
+    lists->setHandleWidth(margin);
+    lists->setChildrenCollapsible(false);
+    lists->addWidget(makeHistory());
+    lists->addWidget(makeVariables());
+    lists->setStretchFactor(0, 3);
+    lists->setStretchFactor(1, 2);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(margin, margin, margin, margin);
     layout->setSpacing(gap);
     layout->addLayout(makeBoxes());
     layout->addLayout(makeStateLine());
-    layout->addLayout(lists, 1);
+    layout->addWidget(lists, 1);
 
-    resize(fontMetrics().averageCharWidth() * 100, fontMetrics().height() * 30);
+    resize(fontMetrics().averageCharWidth() * 104, fontMetrics().height() * 30);
 
     m_refresh.setSingleShot(true);
     m_refresh.setInterval(refreshInterval);
@@ -78,20 +96,25 @@ SpyWindow::SpyWindow(CodeEditorPort& codeEditor)
 
 QLayout* SpyWindow::makeBoxes()
 {
-    auto* row = new QHBoxLayout;
-    row->setSpacing(2 * gap);
+    auto* grid = new QGridLayout;
+    grid->setHorizontalSpacing(2 * gap);
+    grid->setVerticalSpacing(gap);
+    grid->setColumnStretch(1, 1);
     struct Box {
         QCheckBox* box;
         const char* name;
+        int row;
+        int column;
+        int width;
     };
-    for (const Box& entry : {Box{m_frames, "ShowFrameDivisions"}, Box{m_events, "ShowEvents"},
-                             Box{m_code, "ShowEveryLineOfCode"}}) {
+    for (const Box& entry :
+         {Box{m_frames, "ShowFrameDivisions", 0, 0, 1}, Box{m_events, "ShowEvents", 0, 1, 1},
+          Box{m_code, "ShowEveryLineOfCode", 1, 0, 2}}) {
         entry.box->setObjectName(QLatin1String(entry.name));
         connect(entry.box, &QCheckBox::toggled, this, &SpyWindow::traceBoxesChanged);
-        row->addWidget(entry.box);
+        grid->addWidget(entry.box, entry.row, entry.column, 1, entry.width);
     }
-    row->addStretch();
-    return row;
+    return grid;
 }
 
 QLayout* SpyWindow::makeStateLine()
@@ -107,42 +130,35 @@ QLayout* SpyWindow::makeStateLine()
     return row;
 }
 
-QLayout* SpyWindow::makeHistory()
+QWidget* SpyWindow::makeHistory()
 {
     m_history->setObjectName(QStringLiteral("History"));
     m_history->setAccessibleName(QStringLiteral("History"));
     m_history->setFont(forms::fixedFont(listFontSize));
-    m_history->setMinimumWidth(m_history->fontMetrics().averageCharWidth() * 48);
+    m_history->setMinimumWidth(m_history->fontMetrics().averageCharWidth() * 30);
     connect(m_history, &HistoryList::doubleClicked, this, &SpyWindow::History_DblClick);
 
     auto* header = new QLabel(QStringLiteral("Line            Code"));
     header->setObjectName(QStringLiteral("HistoryHeader"));
     header->setFont(forms::fixedFont(listFontSize));
     header->setIndent(6);
-    auto* column = new QVBoxLayout;
-    column->setSpacing(gap / 2);
-    column->addWidget(makeLabel(QStringLiteral("&History"), m_history));
-    column->addWidget(header);
-    column->addWidget(m_history, 1);
-    return column;
+    return makeColumn({makeLabel(QStringLiteral("&History"), m_history), header, m_history});
 }
 
-QLayout* SpyWindow::makeVariables()
+QWidget* SpyWindow::makeVariables()
 {
     m_variables->setObjectName(QStringLiteral("Variables"));
     m_variables->setAccessibleName(QStringLiteral("Variables"));
     m_variables->setFont(forms::fixedFont(listFontSize));
     m_variables->setUniformItemSizes(true);
+    m_variables->setItemDelegate(new LineDelegate(m_variables));
+    m_variables->setHorizontalScrollMode(QListView::ScrollPerPixel);
     m_variables->setEditTriggers(QListView::NoEditTriggers);
     m_variables->setModel(m_variableLines);
-    m_variables->setMinimumWidth(m_variables->fontMetrics().averageCharWidth() * 20);
+    m_variables->setMinimumWidth(m_variables->fontMetrics().averageCharWidth() * 16);
     m_variables->setEnabled(false); // there is nothing to see until a game has been played
 
-    auto* column = new QVBoxLayout;
-    column->setSpacing(gap / 2);
-    column->addWidget(makeLabel(QStringLiteral("&Variables"), m_variables));
-    column->addWidget(m_variables, 1);
-    return column;
+    return makeColumn({makeLabel(QStringLiteral("&Variables"), m_variables), m_variables});
 }
 
 TraceBoxes SpyWindow::traceBoxes() const

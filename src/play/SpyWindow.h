@@ -40,8 +40,8 @@ Q_SIGNALS:
 private:
     QLayout* makeBoxes();
     QLayout* makeStateLine();
-    QLayout* makeHistory();
-    QLayout* makeVariables();
+    QWidget* makeHistory();
+    QWidget* makeVariables();
     void refreshSoon();
     void refresh();
 

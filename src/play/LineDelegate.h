@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+
+/// Draws the lines of a list in a fixed-pitch font. All of them count as wide as the longest, so that a list
+/// with uniform sizes can be scrolled to the end of each.
+class LineDelegate : public QStyledItemDelegate
+{
+    Q_OBJECT
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+};
