@@ -1,6 +1,9 @@
 #pragma once
 
-#include "PretendDesk.h"
+#include "forms/Forms.h"
+#include "windows/PretendDesk.h"
+
+#include <QImage>
 
 /// A code editor without a window: a text, and a record of what it was asked to do.
 class PretendCodeEditor : public CodeEditorForm
@@ -48,6 +51,17 @@ public:
     }
 
     void writeProgram(const std::string& text) const { write("games/00000001/code.txt", text); }
+    /// A graphic of 16 x 16 pixels named "dot".
+    void writeGraphic() const
+    {
+        QImage sheet(32, 16, QImage::Format_RGB32);
+        sheet.fill(Qt::black);
+        for (int i = 0; i < 256; ++i)
+            sheet.setPixelColor(i % 16, i / 16, QColor(200, i, 60));
+        write("games/00000001/dot.spr", "a dot\r\nSimple,16,16,1\r\n");
+        sheet.save(forms::fromUtf8((TemporaryInstallation::root() / "games/00000001/dot.spb").string()),
+                   "BMP");
+    }
     qsizetype libraries() const { return calls.count(QStringLiteral("library")); }
 
     bool closeGameWindows() override { return gameWindowsClose; }
