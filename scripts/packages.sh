@@ -11,8 +11,8 @@ packages_test=(libgtest-dev)
 packages_bench=(libbenchmark-dev liblua5.4-dev pkg-config xvfb xauth)
 # What .ci/run adds to that: the formatter, the fuzzers, the validators, the package builder.
 # CUPS and its PDF printer are there so that the print queue is tested for real.
-packages_ci=(cups-daemon cups-client printer-driver-cups-pdf clang-format clang libclang-rt-14-dev desktop-file-utils appstream dpkg-dev file
-    man-db groff-base cmark-gfm)
+packages_ci=(git cups-daemon cups-client printer-driver-cups-pdf clang-format clang libclang-rt-14-dev desktop-file-utils
+    appstream dpkg-dev file man-db groff-base cmark-gfm)
 
 have_package()
 {
