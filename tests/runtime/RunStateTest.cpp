@@ -146,3 +146,29 @@ TEST(Runs, AreEqualToTheByteForEqualSeeds)
     EXPECT_TRUE(record(5) == record(5));
     EXPECT_FALSE(record(5) == record(6));
 }
+
+TEST(Runs, BeginWithAllKeysUpAndCountFramesRoundAgain)
+{
+    TestGame game;
+    game.context().KeyDown(37, 0);
+    HeadlessOptions options;
+    options.frames = 1;
+    const Blocks blocks{.loop = "set text$left keyboard.left\nset text$any keyboard.anykey"};
+    game.play(programOf(blocks), options);
+    const std::vector<std::string> up = {"text$left          =\"False\"", "text$any           =\"False\""};
+    EXPECT_EQ(game.context().DumpVariablesInto(), up);
+
+    game.context().KeyDown(127, 0);
+    game.context().KeyDown(128, 0);
+    game.context().KeyUp(127, 0);
+    game.player.interpreter().timerTick();
+    EXPECT_EQ(game.context().DumpVariablesInto(), up); // codes from 128 on are no keys
+
+    RunState late = game.context().save();
+    late.frameNumber = 19'999'998;
+    game.context().restore(late);
+    game.player.interpreter().timerTick();
+    EXPECT_EQ(game.context().frameNumber(), 19'999'999);
+    game.player.interpreter().timerTick();
+    EXPECT_EQ(game.context().frameNumber(), 0);
+}
