@@ -177,7 +177,7 @@ def inside(drawing, x, y, size, turn=0):
 
 def icon_frame(body, defs, top="#bfe6ff", bottom="#5aa7e8", edge="#2b4d80"):
     """The 80 x 80 tile on which a game's icon stands."""
-    return svg(80, 80, '<rect width="80" height="80" fill="#fff"/>'
+    return svg(80, 80, f'<rect width="80" height="80" fill="{edge}"/>'
                f'<rect x="3" y="3" width="74" height="74" rx="15" fill="url(#tile)" stroke="{edge}" stroke-width="3"/>'
                f'{body}<path d="M8 20Q8 8 20 8H60Q72 8 72 20Q40 12 8 20Z" fill="#fff" fill-opacity=".28"/>',
                linear("tile", top, bottom) + defs)
