@@ -5,6 +5,7 @@
 #include "library/GamePictures.h"
 #include "library/Messages.h"
 #include "library/PictureName.h"
+#include "platform/NaturalOrder.h"
 #include "platform/TextFile.h"
 
 #include <QDir>
@@ -45,9 +46,20 @@ QListWidget* nameList(const char* name, const QString& accessibleName, QWidget* 
     return list;
 }
 
-/// Fills a list anew; the selected name stays selected where it is still there.
+QStringList namesIn(const QListWidget& list)
+{
+    QStringList names;
+    for (int row = 0; row < list.count(); ++row)
+        names += list.item(row)->text();
+    return names;
+}
+
+/// Fills a list anew; the selected name stays selected where it is still there. A list in which nothing has
+/// changed is left where the user has scrolled it.
 void fill(QListWidget& list, const QStringList& names)
 {
+    if (names == namesIn(list))
+        return;
     const QString selected = list.currentItem() != nullptr ? list.currentItem()->text() : QString();
     const int row = list.currentRow();
     list.clear();
@@ -94,11 +106,15 @@ void Resources::layOut()
     row->addWidget(makeBackgrounds());
     row->addWidget(makeSprites(), 1);
 
-    connect(m_backgroundNames, &QListWidget::currentRowChanged, this, &Resources::nameSelected);
+    connect(m_backgroundNames, &QListWidget::currentRowChanged, this, &Resources::backgroundSelected);
     connect(m_backgroundScroll, &QScrollBar::valueChanged, this, &Resources::BackgroundScroll_Change);
-    connect(m_spriteNames, &QListWidget::currentRowChanged, this, &Resources::nameSelected);
+    connect(m_spriteNames, &QListWidget::currentRowChanged, this, &Resources::enableButtons);
     connect(m_spriteNames, &QListWidget::itemActivated, this, &Resources::EditSprite_Click);
-    connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this, &Resources::relist);
+    // Every save makes several changes, and every key in the title is a save.
+    m_changesSettle.setSingleShot(true);
+    m_changesSettle.setInterval(100);
+    connect(&m_watcher, &QFileSystemWatcher::directoryChanged, &m_changesSettle, qOverload<>(&QTimer::start));
+    connect(&m_changesSettle, &QTimer::timeout, this, &Resources::relist);
 }
 
 QPushButton* Resources::listButton(const char* name, const char* iconName, const QString& caption,
@@ -213,7 +229,7 @@ void Resources::relist()
     m_pictures.clear();
     ListBackgrounds();
     ListSprites();
-    nameSelected();
+    enableButtons();
 }
 
 void Resources::ListBackgrounds()
@@ -236,24 +252,32 @@ void Resources::ListSprites()
 {
     std::string folder = gameFolder();
     folder.pop_back();
+    auto files = m_desk.installation().listFiles(folder, "*.spr");
+    for (auto& name : files)
+        name.resize(name.size() - std::string_view(".spr").size());
+    std::ranges::sort(files, naturallyBefore);
     QStringList names;
-    for (const auto& name : m_desk.installation().listFiles(folder, "*.spr"))
-        names += forms::fromUtf8(std::string_view(name).substr(0, name.size() - 4));
+    for (const auto& name : files)
+        names += forms::fromUtf8(name);
     fill(*m_spriteNames, names);
     for (int row = 0; row < std::min(m_spriteNames->count(), picturedSprites); ++row) {
         QListWidgetItem& item = *m_spriteNames->item(row);
-        const QPixmap picture = spriteOf(m_desk, gameFile(item.text()), spriteSide);
-        if (!picture.isNull())
-            item.setIcon(picture);
+        item.setIcon(spriteOf(m_desk, gameFile(item.text()), spriteSide));
     }
 }
 
-void Resources::nameSelected()
+void Resources::backgroundSelected()
 {
     const int row = m_backgroundNames->currentRow();
     const int first = m_backgroundScroll->value();
     if (row >= 0)
         m_backgroundScroll->setValue(std::clamp(first, row - previews + 1, row));
+    enableButtons();
+}
+
+void Resources::enableButtons()
+{
+    const int row = m_backgroundNames->currentRow();
     m_removeBackground->setEnabled(row >= 0);
     m_editSprite->setEnabled(m_spriteNames->currentRow() >= 0);
     m_removeSprite->setEnabled(m_spriteNames->currentRow() >= 0);

@@ -3,6 +3,7 @@
 #include <QFileSystemWatcher>
 #include <QHash>
 #include <QPixmap>
+#include <QTimer>
 #include <QWidget>
 
 #include <array>
@@ -44,7 +45,8 @@ private:
     QPushButton* listButton(const char* name, const char* iconName, const QString& caption, QBoxLayout& box,
                             void (Resources::*click)());
     void relist();
-    void nameSelected();
+    void backgroundSelected();
+    void enableButtons();
     void showPreview(int index);
     QPixmap previewOf(const QString& name);
     void addPicture(const QString& file);
@@ -57,6 +59,7 @@ private:
 
     Desk& m_desk;
     QFileSystemWatcher m_watcher;
+    QTimer m_changesSettle;
     QHash<QString, QPixmap> m_pictures;
     QListWidget* m_backgroundNames;
     QPushButton* m_removeBackground = nullptr;

@@ -2,6 +2,7 @@
 
 #include "mapeditor/BitmapFile.h"
 #include "mapeditor/SpriteModel.h"
+#include "platform/NaturalOrder.h"
 #include "platform/NumberText.h"
 #include "platform/TextFile.h"
 
@@ -28,7 +29,7 @@ std::vector<std::string> spriteNames(const Installation& installation, std::stri
     std::vector<std::string> names = installation.listFiles(folder, "*.spr");
     for (std::string& name : names)
         name.resize(name.size() - descriptionEnding.size());
-    std::sort(names.begin(), names.end());
+    std::ranges::sort(names, naturallyBefore);
     return names;
 }
 

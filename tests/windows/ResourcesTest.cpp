@@ -165,6 +165,28 @@ TEST_F(GameResources, RemovesWhatIsSelectedWhenAskedTwice)
     EXPECT_FALSE(folder.has("games/00000001/b.bmp"));
 }
 
+TEST_F(GameResources, ListsSpritesAsPeopleCount)
+{
+    open({"wall10.spr", "Ball.spr", "wall9.spr", "zebra.SPR", "apple.spr", "notes.txt"});
+    EXPECT_EQ(names("SpriteNames"), "apple Ball wall9 wall10 zebra");
+}
+
+TEST_F(GameResources, LeavesTheListsAloneWhereNothingHasChanged)
+{
+    std::vector<std::string> files;
+    for (int n = 10; n < 60; ++n)
+        files.push_back("s" + std::to_string(n) + ".spr");
+    open(files);
+    auto* bar = list("SpriteNames")->verticalScrollBar();
+    bar->setValue(bar->maximum());
+    folder.write("games/00000001/prop.zbo", "a key in the title");
+    QTest::qWait(200);
+    EXPECT_EQ(bar->value(), bar->maximum());
+    folder.write("games/00000001/new.bmp", bitmap(Qt::red));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return names("BackgroundNames") == "new.bmp"; }));
+    EXPECT_EQ(bar->value(), bar->maximum());
+}
+
 TEST_F(GameResources, ReachesTheSpriteEditorForNewAndOldSprites)
 {
     open({"ball.spr", "ball.spb", "bat.SPR", "notes.txt"});
