@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QIconEngine>
 #include <QImageReader>
+#include <QKeyEvent>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QPixmap>
@@ -129,6 +130,26 @@ QIcon letterIcon(QChar letter)
     return icon;
 }
 
+/// Lets Enter press the button that has the focus. Desktops differ in whether the toolkit does that.
+class EnterPresses : public QObject
+{
+public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() != QEvent::KeyPress)
+            return false;
+        const auto* key = static_cast<QKeyEvent*>(event);
+        const bool enter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
+        if (!enter || (key->modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier)
+            return false;
+        if (!key->isAutoRepeat()) // one that is held down comes from another window
+            static_cast<QAbstractButton*>(watched)->click();
+        return true;
+    }
+};
+
 QString withoutMnemonic(QString caption)
 {
     return caption.remove(u'&');
@@ -175,6 +196,7 @@ void dressButton(QAbstractButton& button, const char* objectName, const char* ic
     button.setToolTip(tip);
     const QString caption = withoutMnemonic(button.text());
     button.setAccessibleName(caption.isEmpty() ? tip : caption);
+    button.installEventFilter(new EnterPresses(&button));
 }
 
 QFont fixedFont(int points)

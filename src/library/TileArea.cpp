@@ -135,6 +135,14 @@ void TileArea::keyPressEvent(QKeyEvent* event)
     }
 }
 
+void TileArea::focusInEvent(QFocusEvent* event)
+{
+    const bool byKey = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+    if (byKey && count() > 0)
+        setMarked(0); // shows where the keys are now
+    QWidget::focusInEvent(event);
+}
+
 void TileArea::focusOutEvent(QFocusEvent* event)
 {
     setMarked(-1);

@@ -174,6 +174,13 @@ TEST_F(Library, PicksWithTheKeysAlone)
     QTest::keyClick(tray(), Qt::Key_Return);
     EXPECT_TRUE(picked());
     EXPECT_EQ(desk.module().CurrentGame.folder, gameAt(6));
+    for (const char* name : {"Work", "PlayGame", "delete", "Pack", "Cancel"}) {
+        EXPECT_EQ(window->focusWidget()->objectName(), QLatin1String(name));
+        if (window->focusWidget() != control<QWidget>("Cancel"))
+            QTest::keyClick(window->focusWidget(), Qt::Key_Tab);
+    }
+    QTest::keyClick(window->focusWidget(), Qt::Key_Return); // not every desktop lets it press a button
+    EXPECT_FALSE(picked());
 }
 
 TEST_F(Library, ReadsNoIconThatIsNotShown)
