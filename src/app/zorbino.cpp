@@ -27,6 +27,14 @@ std::filesystem::path workingDirectory()
     return error ? std::filesystem::path("/nowhere") : folder;
 }
 
+bool isProgramIn(const Installation& installation)
+{
+    // A link to the program is as good as the program.
+    std::error_code error;
+    return installation.isFile("zorbino.exe") ||
+           std::filesystem::is_regular_file(installation.root() / "zorbino.exe", error);
+}
+
 /// Lets the system look for its fonts beside the start of the toolkit, which would wait for it later. Where
 /// the system has another way with fonts, nothing happens.
 std::future<void> lookForFonts()
@@ -75,7 +83,8 @@ int main(int argc, char* argv[])
 {
     const auto fonts = lookForFonts();
     QApplication application(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("zorbino"));
+    // Some desktops show it as the caption of a window without one: a game may have no title.
+    QApplication::setApplicationName(forms::fromUtf8(ProductName));
     QApplication::setDesktopFileName(QStringLiteral("zorbino")); // so that desktops find our icon
     forms::dressApplication();
 
@@ -90,9 +99,7 @@ int main(int argc, char* argv[])
     words.process(application);
 
     Workbench workbench(workingDirectory());
-    // A link to the program is as good as the program.
-    if (!workbench.installation().isFile("zorbino.exe") &&
-        !std::filesystem::exists(workingDirectory() / "zorbino.exe")) {
+    if (!isProgramIn(workbench.installation())) {
         if (words.isSet(selfTestWord))
             return 1;
         forms::tell(nullptr, wrongFolder.toString());

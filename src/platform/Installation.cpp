@@ -72,6 +72,7 @@ std::optional<fs::path> Installation::walk(std::string_view productPath, bool la
         return std::nullopt;
     fs::path at = m_root;
     std::size_t depth = 0;
+    std::error_code error;
     for (std::size_t i = 0; i < parts->size(); ++i) {
         const std::string_view part = (*parts)[i];
         if (part == "..") {
@@ -84,12 +85,11 @@ std::optional<fs::path> Installation::walk(std::string_view productPath, bool la
         ++depth;
         if (auto entry = entryOf(at, part))
             at = *entry;
-        else if (lastMayBeNew && i + 1 == parts->size() && fs::is_directory(at))
+        else if (lastMayBeNew && i + 1 == parts->size() && fs::is_directory(at, error))
             return at / fs::path(std::string(part));
         else
             return std::nullopt;
         // A link that leads out of the installation names nothing.
-        std::error_code error;
         if (fs::is_symlink(at, error)) {
             const fs::path real = fs::canonical(at, error);
             if (error || !isBelow(real, m_root))
@@ -168,12 +168,6 @@ bool Installation::write(std::string_view productPath, std::string_view bytes) c
     const auto path = place(productPath);
     std::error_code error;
     return path && !fs::is_directory(*path, error) && writeFileWhole(*path, bytes);
-}
-
-bool Installation::copy(std::string_view fromProductPath, std::string_view toProductPath) const
-{
-    const auto bytes = readBytes(fromProductPath);
-    return bytes && write(toProductPath, *bytes);
 }
 
 bool Installation::makeFolder(std::string_view productPath) const
