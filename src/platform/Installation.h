@@ -41,8 +41,6 @@ public:
                                         std::uintmax_t limit = maximumFileSize) const;
     /// Writes a file whole or not at all. False where that failed; an older file is then untouched.
     [[nodiscard]] bool write(std::string_view productPath, std::string_view bytes) const;
-    /// Copies a file, whole or not at all.
-    [[nodiscard]] bool copy(std::string_view fromProductPath, std::string_view toProductPath) const;
     [[nodiscard]] bool makeFolder(std::string_view productPath) const;
     [[nodiscard]] bool remove(std::string_view productPath) const;
 

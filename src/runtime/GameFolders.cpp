@@ -92,10 +92,13 @@ std::string_view extensionOf(std::string_view fileName)
 
 std::optional<std::string> CreateGameFolder(const Installation& installation, std::string& missing)
 {
-    for (const auto name : templates) {
-        missing = joined(templateFolder, name);
-        if (!installation.isFile(missing))
+    std::array<std::string, templates.size()> contents;
+    for (std::size_t i = 0; i < templates.size(); ++i) {
+        missing = joined(templateFolder, templates[i]);
+        auto bytes = installation.readBytes(missing);
+        if (!bytes)
             return std::nullopt;
+        contents[i] = std::move(*bytes);
     }
     missing = "games";
     if (!installation.isFolder(missing) && !installation.makeFolder(missing))
@@ -106,9 +109,9 @@ std::optional<std::string> CreateGameFolder(const Installation& installation, st
     missing = folder;
     if (!installation.makeFolder(folder))
         return std::nullopt;
-    for (const auto file : templates) {
-        missing = joined(folder + '\\', file);
-        if (!installation.copy(joined(templateFolder, file), missing)) {
+    for (std::size_t i = 0; i < templates.size(); ++i) {
+        missing = joined(folder + '\\', templates[i]);
+        if (!installation.write(missing, contents[i])) {
             removeHalfMade(installation, folder);
             return std::nullopt;
         }
@@ -126,6 +129,8 @@ std::vector<GameRecord> ListGames(const Installation& installation)
     std::error_code error;
     for (fs::directory_iterator entry(*folder, error), end; !error && entry != end; entry.increment(error)) {
         const std::string name = entry->path().filename().string();
+        if (name.find('\\') != std::string::npos)
+            continue; // no path of ours can name it
         // Asking the installation for each part of a path would take most of the time with thousands of
         // games. Only what is spelt or made in another way (capitals, links) is left to it.
         std::error_code ignored;

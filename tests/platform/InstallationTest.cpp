@@ -112,9 +112,6 @@ TEST_F(InstallationTest, WritesOnlyBelowItsFolderAndUnderTheNameThatIsThere)
         EXPECT_FALSE(installation.write(path, "new")) << path;
     EXPECT_FALSE(fs::exists(around.path() / "new.txt"));
     EXPECT_EQ(readFileBytes(around.path() / "secret.txt", 99), "secret");
-    EXPECT_TRUE(installation.copy("zbo\\new.txt", "zbo\\Copy.txt"));
-    EXPECT_EQ(installation.readText("ZBO\\COPY.TXT"), "x");
-    EXPECT_FALSE(installation.copy("zbo\\nothing.txt", "zbo\\new.txt"));
     EXPECT_EQ(installation.readText("zbo\\new.txt"), "x");
     EXPECT_TRUE(installation.makeFolder("games\\00000002"));
     EXPECT_FALSE(installation.makeFolder("GAMES\\00000001"));

@@ -99,6 +99,7 @@ TEST_F(GameFolders, SkipsWhatIsNoGame)
     folder.write("games/readme.txt", "hello");
     folder.makeFolder("games/empty");
     folder.makeFolder("games/odd/prop.zbo");
+    folder.write("games/a\\b/prop.zbo", "no path names it\r\n");
     folder.write("games/my own\xc3\xa4/PROP.ZBO", "a\r\nb\r\n");
     EXPECT_EQ(only(), (GameRecord{"a", "b", "my own\xc3\xa4\\"}));
 }
