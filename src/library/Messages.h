@@ -26,7 +26,7 @@ inline constexpr QStringView propertiesNotSaved =
     u"of this "
     u"game.  I will try again when you type something else or press Ok.";
 inline constexpr QStringView propertiesStillNotSaved =
-    u"I could not save the title and your name.  They will be gone when you leave Zorbino!";
+    u"I could not save the title and your name.  They will be gone when you close this game!";
 inline constexpr QStringView iconNotChosen =
     u"I could not change the icon.  Maybe the disk is full, or nobody may write in the folder of this game.";
 

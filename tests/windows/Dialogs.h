@@ -11,8 +11,8 @@
 #include <string>
 #include <vector>
 
-/// Answers the message boxes and file dialogs that come up while it lives, one key or one file name each, and
-/// keeps what they said. A dialog for which no answer is left is closed with Escape.
+/// Answers the message boxes, file dialogs and input boxes that come up while it lives, one key, file name or
+/// text each, and keeps what they said. A dialog for which no answer is left is closed with Escape.
 class Dialogs
 {
 public:
@@ -43,7 +43,8 @@ private:
             said.push_back(box->text().toStdString());
             title = box->windowTitle().toStdString();
             QTest::keyClick(box, answer == u"ok" ? Qt::Key_Return : Qt::Key_Escape);
-        } else if (auto* line = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))) {
+        } else if (auto* line = dialog->findChild<QLineEdit*>(
+                       qobject_cast<QFileDialog*>(dialog) ? QStringLiteral("fileNameEdit") : QString())) {
             line->setText(answer);
             QTest::keyClick(line, answer.isEmpty() ? Qt::Key_Escape : Qt::Key_Return);
         }
