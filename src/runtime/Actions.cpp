@@ -15,6 +15,14 @@ namespace
 /// Of all graphics of a run together. Pictures squeeze well: small files could fill any memory.
 constexpr std::size_t mostGraphicPixels = std::size_t{32} << 20U;
 
+/// What reading a file counts in steps of a block, so that events without an end are found before hours have
+/// been spent on reading.
+constexpr std::int64_t workOfAFile = 5'000;
+constexpr std::int64_t workOfContent(std::size_t size)
+{
+    return static_cast<std::int64_t>(size / 32);
+}
+
 } // namespace
 
 bool ZBContext::runAction(const ZBLMethodExp& statement)
@@ -208,6 +216,7 @@ bool ZBContext::runOnGame(const ZBLMethodExp& statement)
     ZBLValueExp name;
     if (!evaluate(statement.value(), name, statement.line()))
         return false;
+    m_workInPass += workOfAFile;
     switch (statement.action()) {
     case Action::SetBackground:
         return setBackground(name, statement.line());
@@ -229,6 +238,7 @@ bool ZBContext::setBackground(const ZBLValueExp& name, int line)
     if (!picture || picture->isNull())
         return fail("Could not load background named " + valueText(name), line);
 
+    m_workInPass += workOfContent(picture->pixels().size() + m_surfaces.Display.pixels().size());
     m_surfaces.temppic = std::move(*picture);
     Surface field(m_surfaces.Display.width(), m_surfaces.Display.height(), white);
     stretch(field, m_surfaces.temppic);
@@ -246,6 +256,7 @@ bool ZBContext::setMap(const ZBLValueExp& name, int line)
     if (m_interpreter.installation().isFile(file)) {
         const auto text = m_interpreter.installation().readText(file);
         const bool loaded = text && m_run.map.fromText(*text);
+        m_workInPass += workOfContent(text ? text->size() : 0);
         UpdateSpriteMapStates();
         if (loaded) {
             m_run.game.mapName = m_run.program->tree.pool().intern(plain);

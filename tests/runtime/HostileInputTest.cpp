@@ -174,3 +174,18 @@ TEST_F(HostileInput, FilesThatAreNoFiles)
                       Result::RuntimeError)
                 << word << ' ' << name;
 }
+
+TEST_F(HostileInput, EndlessEventsThatReadFiles)
+{
+    // Reading takes so much longer than other statements that the end must come sooner.
+    for (const char* reading : {"setmap game \"colours.map\"", "setbackground game \"sky.bmp\""}) {
+        game.output.clear();
+        EXPECT_EQ(play(programOf({.collision = std::string("moveright me 0\n") + reading,
+                                  .create = "moveright me 0",
+                                  .initialize = "create ball 1 \"dot\" 0 0 0 0 0\n"
+                                                "create ball 2 \"dot\" 0 0 0 0 0"}),
+                       true),
+                  Result::RuntimeError);
+        EXPECT_LT(game.output.size(), 10'000U) << reading;
+    }
+}
