@@ -96,6 +96,9 @@ TEST_F(Pictures, AreWrittenWholeOrNotAtAll)
     ASSERT_TRUE(writePng(picture, file("picture.png")));
     EXPECT_EQ(m_pictures.read(file("picture.png")), picture);
     EXPECT_FALSE(writePng(picture, file("nowhere/picture.png")));
+    ASSERT_EQ(mkfifo(file("pipe").c_str(), 0600), 0);
+    EXPECT_FALSE(writePng(picture, file("pipe")));
+    EXPECT_TRUE(std::filesystem::is_fifo(file("pipe"))); // and not replaced
 }
 
 } // namespace

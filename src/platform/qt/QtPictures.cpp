@@ -65,6 +65,11 @@ std::optional<Surface> QtPictures::read(const std::filesystem::path& file)
 
 bool writePng(const Surface& surface, const std::filesystem::path& file)
 {
+    // A device or a pipe would be replaced by a plain file.
+    std::error_code trouble;
+    const auto status = std::filesystem::status(file, trouble);
+    if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status))
+        return false;
     QSaveFile device(QFile::decodeName(file.c_str()));
     if (!device.open(QIODevice::WriteOnly))
         return false;
