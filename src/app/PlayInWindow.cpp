@@ -7,9 +7,18 @@
 
 #include <QApplication>
 
+#include <algorithm>
+#include <array>
 #include <chrono>
 
-bool playInWindow(int& argc, char** argv, ZB& module, const Installation& installation)
+bool hasDisplay()
+{
+    // What the toolkit itself looks at.
+    return std::ranges::any_of(std::array{"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"},
+                               [](const char* name) { return !qEnvironmentVariableIsEmpty(name); });
+}
+
+Ending playInWindow(int& argc, char** argv, ZB& module, const Installation& installation)
 {
     QApplication application(argc, argv);
     forms::dressApplication();
@@ -19,7 +28,10 @@ bool playInWindow(int& argc, char** argv, ZB& module, const Installation& instal
         static_cast<std::uint64_t>(std::chrono::system_clock::now().time_since_epoch().count()));
     QObject::connect(&player, &GamePlayer::ended, &application, &QApplication::quit, Qt::QueuedConnection);
     if (!player.play())
-        return false;
+        return Ending::Unreadable;
+    const bool isRead = module.ErrorLine == 0;
     QApplication::exec();
-    return true;
+    if (!isRead)
+        return Ending::ParseError;
+    return module.ErrorLine == 0 ? Ending::Closed : Ending::RuntimeError;
 }

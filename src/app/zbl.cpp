@@ -222,10 +222,21 @@ int play([[maybe_unused]] int argc, [[maybe_unused]] char** argv, const std::str
     if (!installation.isFile(place.gamesFolder + place.folder + "code.txt"))
         return complain("cannot read the program of the game in " + game);
 #ifdef ZB_WITH_WINDOWS
+    if (!hasDisplay())
+        return complain("there is no display here; zbl run plays without one");
     ZB module;
     readProperties(installation, place, module);
-    return playInWindow(argc, argv, module, installation) ? Fine
-                                                          : complain("cannot read the program of the game");
+    switch (playInWindow(argc, argv, module, installation)) {
+    case Ending::Closed:
+        return Fine;
+    case Ending::Unreadable:
+        return complain("cannot read the program of the game in " + game);
+    case Ending::ParseError:
+        return ParseFailed;
+    case Ending::RuntimeError:
+        return RunFailed;
+    }
+    return Fine;
 #else
     return complain("this zbl was built without windows; zbl run plays without one");
 #endif

@@ -1,0 +1,80 @@
+#!/bin/bash
+# What zbl answers to the words of a call: its exit status and what it writes. Usage: ZBL
+set -uo pipefail
+zbl=$1
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+cd "$work" || exit 1
+mkdir -p games/00000001 games/wrong games/stops games/empty
+cat >games/00000001/Code.TXT <<'END'
+PROGRAM{
+  STATES{
+    begin{
+      INITIALIZE{
+        set counter$held 0
+      }INITIALIZE
+      LOOP{
+        if keyboard.anykey = "true" {
+          change counter$held 1
+        }if
+      }LOOP
+    }begin
+  }STATES
+}PROGRAM
+END
+echo 'hello' >games/wrong/code.txt
+printf 'program{\n}program' >games/stops/code.txt
+printf '# a comment\r\n\r\n  2 down 65\r\n4 up\t65\n3 down 200' >keys
+printf '1 down 65\n1 press 65\n' >badkeys
+mkfifo pipe
+unset DISPLAY WAYLAND_DISPLAY QT_QPA_PLATFORM
+
+calls=0 failed=0
+# check STATUS OUTPUT WORD...: the words of the call, its exit status and its standard output; what is off is said in one
+# line on standard error.
+check()
+{
+    local status=$1 output=$2 complaints=0
+    shift 2
+    [ "$status" -eq 3 ] && complaints=1
+    "$zbl" "$@" >out 2>err
+    local found=$?
+    calls=$((calls + 1))
+    if [ $found -ne "$status" ] || [ "$(cat out)" != "$output" ] || [ "$(wc -l <err)" -ne $complaints ]; then
+        echo "zbl $*: status $found in place of $status; it wrote"
+        cat out err
+        failed=$((failed + 1))
+    fi
+}
+held() { printf 'Variables:\ncounter$held       =%d' "$1"; }
+
+game=games/00000001
+check 0 '' check $game/Code.TXT
+check 0 '' run $game
+check 0 "$(held 0)" run --dump --frames 1 $game/
+check 0 'Variables:' run $game --frames 0 --dump
+check 0 "$(held 2)" run $game --dump --keys keys --frames 9 --seed -1 --show-map
+check 0 '' run $game --picture last.png
+check 1 $'? I could not find the beginning of the PROGRAM block ("PROGRAM{")!\n? \n?    hello\n? \n? (line 1)' \
+    check games/wrong/code.txt
+check 1 "$(cat out)" run games/wrong --dump --picture none.png
+check 2 $'! I could not find state begin!\n! (line 1)' run games/stops --dump
+for words in '' run check play "check $game" 'check nothing' "check $game/Code.TXT more" 'run games/empty' 'run nothing' \
+    'run --dump' "run $game more" "run $game --what" "run $game --frames" "run $game --frames -1" "run $game --frames 1.5" \
+    "run $game --trace=" "run $game --trace=frames,all" "run $game --seed x" "run $game --seed 18446744073709551616" \
+    "run $game --keys" "run $game --keys nothing" "run $game --keys badkeys" "run $game --picture" 'play games/empty' \
+    "play $game"; do
+    # shellcheck disable=SC2086
+    check 3 '' $words
+done
+# What can be told is told, also where the picture cannot be kept.
+for place in nowhere/last.png games pipe; do
+    check 3 "$(held 0)" run $game --dump --picture $place
+done
+[ -s last.png ] && [ ! -e none.png ] && [ -p pipe ] || failed=$((failed + 1))
+if [ -c /dev/full ] && "$zbl" run $game --trace >/dev/full 2>err; then
+    echo "Output that does not get through looks like success."
+    failed=$((failed + 1))
+fi
+echo "$calls calls, $failed failures"
+[ $failed -eq 0 ]
