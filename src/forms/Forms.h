@@ -49,6 +49,8 @@ bool askOk(QWidget* parent, const QString& title, const QString& text);
 /// An input box; nothing where it was cancelled or the answer is empty.
 std::optional<QString> askText(QWidget* parent, const QString& title, const QString& prompt,
                                const QString& start = QString());
+/// A box with all colours there are; nothing where it was cancelled.
+std::optional<Pixel> askColour(QWidget* parent, const QString& title, Pixel start);
 
 /// The pixels of a surface as an image, without a copy; the surface must outlive it.
 QImage viewOf(const Surface& surface);

@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QColorDialog>
 #include <QDialogButtonBox>
 #include <QInputDialog>
 #include <QLineEdit>
@@ -35,6 +36,16 @@ void caption(QAbstractButton* button, const QString& text, const char* iconName)
     button->setText(text);
     button->setIcon(forms::icon(iconName));
     button->setAccessibleName(QString(text).remove(u'&'));
+}
+
+/// Our captions for OK and Cancel of a dialog of the toolkit.
+void captionButtons(QDialog& dialog, const char* cancel = "&Cancel")
+{
+    auto* const buttons = dialog.findChild<QDialogButtonBox*>();
+    if (buttons == nullptr)
+        return;
+    caption(buttons->button(QDialogButtonBox::Ok), QStringLiteral("&OK"), "ok");
+    caption(buttons->button(QDialogButtonBox::Cancel), QLatin1StringView(cancel), "cancel");
 }
 
 QMessageBox* makeBox(QWidget* parent, const QString& title, const QString& text,
@@ -124,10 +135,8 @@ std::optional<QString> askText(QWidget* parent, const QString& title, const QStr
     box->setLabelText(prompt);
     box->setTextValue(start);
     box->setWindowModality(Qt::ApplicationModal);
-    if (auto* buttons = box->findChild<QDialogButtonBox*>()) {
-        caption(buttons->button(QDialogButtonBox::Ok), QStringLiteral("&OK"), "ok");
-        caption(buttons->button(QDialogButtonBox::Cancel), QStringLiteral("&Cancel"), "cancel");
-    }
+    box->setOkButtonText(QStringLiteral("&OK")); // makes the buttons, which are not there before
+    captionButtons(*box);
     if (auto* line = box->findChild<QLineEdit*>())
         line->setAccessibleName(prompt);
     const bool accepted = box->exec() == QDialog::Accepted;
@@ -138,6 +147,22 @@ std::optional<QString> askText(QWidget* parent, const QString& title, const QStr
     if (!accepted || answer.isEmpty())
         return std::nullopt;
     return answer;
+}
+
+std::optional<Pixel> askColour(QWidget* parent, const QString& title, Pixel start)
+{
+    const QPointer<QColorDialog> box(
+        new QColorDialog(QColor::fromRgb(start), parent != nullptr ? parent->window() : nullptr));
+    box->setObjectName(QStringLiteral("ColorBox"));
+    box->setWindowTitle(title);
+    box->setOption(QColorDialog::DontUseNativeDialog);
+    captionButtons(*box, "Ca&ncel"); // its custom colours have the C
+    const bool accepted = box->exec() == QDialog::Accepted;
+    if (box.isNull())
+        return std::nullopt;
+    const QColor chosen = box->selectedColor();
+    box->deleteLater();
+    return accepted ? std::optional<Pixel>(chosen.rgb() | opaqueBits) : std::nullopt;
 }
 
 } // namespace forms

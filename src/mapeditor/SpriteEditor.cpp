@@ -12,7 +12,6 @@
 #include <QAction>
 #include <QActionGroup>
 #include <QCloseEvent>
-#include <QColorDialog>
 #include <QComboBox>
 #include <QFormLayout>
 #include <QHBoxLayout>
@@ -465,11 +464,8 @@ void SpriteEditor::setSwatch(Pixel colour)
 void SpriteEditor::moreColours()
 {
     const Pixel now = m_swatch->fillColor();
-    QColorDialog dialog(now == transparent ? QColor(Qt::white) : QColor::fromRgb(now), this);
-    dialog.setWindowTitle(u"Choose a color"_s);
-    dialog.setOption(QColorDialog::DontUseNativeDialog);
-    if (dialog.exec() == QDialog::Accepted)
-        setSwatch(dialog.selectedColor().rgb() | opaqueBits);
+    if (const auto chosen = forms::askColour(this, u"Choose a color"_s, now == transparent ? white : now))
+        setSwatch(*chosen);
 }
 
 void SpriteEditor::setTool(int chosen)

@@ -122,12 +122,22 @@ TEST(MessageBoxes, AnswerToTheKeyboard)
     }
     answerWith(Qt::Key_Escape);
     forms::tell(nullptr, QStringLiteral("Text")); // comes back
-    answerWith(Qt::Key_Escape);
-    EXPECT_FALSE(
-        forms::askText(nullptr, QStringLiteral("Title"), QStringLiteral("Name"), QStringLiteral("old")));
-    answerWith(Qt::Key_Return);
-    EXPECT_EQ(forms::askText(nullptr, QStringLiteral("Title"), QStringLiteral("Name"), QStringLiteral("old")),
-              QStringLiteral("old"));
+    struct BoxRow {
+        Qt::Key key;
+        Qt::KeyboardModifiers held;
+        bool answered;
+    };
+    for (const BoxRow& row :
+         {BoxRow{Qt::Key_Escape, Qt::NoModifier, false}, BoxRow{Qt::Key_C, Qt::AltModifier, false},
+          BoxRow{Qt::Key_O, Qt::AltModifier, true}, BoxRow{Qt::Key_Return, Qt::NoModifier, true}}) {
+        answerWith(row.key, row.held);
+        const auto text =
+            forms::askText(nullptr, QStringLiteral("Title"), QStringLiteral("Name"), QStringLiteral("old"));
+        EXPECT_EQ(text.value_or(QString()), row.answered ? QStringLiteral("old") : QString()) << row.key;
+        answerWith(row.key == Qt::Key_C ? Qt::Key_N : row.key, row.held);
+        const auto colour = forms::askColour(nullptr, QStringLiteral("Title"), rgb(1, 2, 3));
+        EXPECT_EQ(colour.value_or(black), row.answered ? rgb(1, 2, 3) : black) << row.key;
+    }
 }
 
 TEST(MessageBoxes, OutliveTheirWindow)
