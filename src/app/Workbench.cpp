@@ -1,6 +1,7 @@
 #include "app/Workbench.h"
 
 #include "editor/CodeEditor.h"
+#include "forms/Forms.h"
 #include "library/Properties.h"
 #include "library/Resources.h"
 #include "library/Tracker.h"
@@ -15,17 +16,6 @@
 namespace
 {
 
-/// Shows a window, brought back from a minimised state and above the others.
-void bringUp(QWidget& window)
-{
-    if (window.isMinimized())
-        window.showNormal();
-    else
-        window.show();
-    window.raise();
-    window.activateWindow();
-}
-
 /// Shows the one window of its kind; it is made where there is none.
 template<typename Form> void open(QPointer<Form>& form, Desk& desk)
 {
@@ -33,7 +23,7 @@ template<typename Form> void open(QPointer<Form>& form, Desk& desk)
         form = new Form(desk);
         form->setAttribute(Qt::WA_DeleteOnClose);
     }
-    bringUp(*form);
+    forms::bringUp(*form);
 }
 
 /// Closes a window for good; false where it stays.
@@ -104,14 +94,14 @@ void Workbench::showSpriteEditor(const QString& graphicName)
     std::erase_if(m_spriteEditors, [](const auto& editor) { return editor.isNull(); });
     for (const auto& editor : m_spriteEditors) {
         if (!graphicName.isEmpty() && editor->graphicName().compare(graphicName, Qt::CaseInsensitive) == 0) {
-            bringUp(*editor);
+            forms::bringUp(*editor);
             return;
         }
     }
     auto* editor = new SpriteEditor(*this, graphicName);
     editor->setAttribute(Qt::WA_DeleteOnClose);
     m_spriteEditors.emplace_back(editor);
-    bringUp(*editor);
+    forms::bringUp(*editor);
 }
 
 bool Workbench::closeGameWindows()

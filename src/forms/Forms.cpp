@@ -210,6 +210,14 @@ QFont fixedFont(int points)
     return font;
 }
 
+void bringUp(QWidget& window)
+{
+    window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+    window.show();
+    window.raise();
+    window.activateWindow();
+}
+
 QImage viewOf(const Surface& surface)
 {
     return viewOfSurface(surface);

@@ -40,6 +40,9 @@ QFont fixedFont(int points);
 /// Window icon, style sheet and palette for the whole program; call once. Follows a light or dark desktop.
 void dressApplication();
 
+/// Shows a window, brought back from a minimised state and above the others.
+void bringUp(QWidget& window);
+
 /// Message boxes with the product's title and icon. Escape does what Cancel (or OK) does.
 void tell(QWidget* parent, const QString& text);
 enum class Answer { Yes, No, Cancel };

@@ -14,6 +14,7 @@
 #include <QSlider>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <QWindow>
 
 #include <algorithm>
 #include <array>
@@ -83,6 +84,14 @@ void GameEditor::Form_Load()
         Ports{m_gameWindow, *this, *m_codeEditor, *m_spy, *m_parseError, m_user});
     m_gameWindow.attach(*m_interpreter);
     connect(&m_gameWindow, &GameWindow::aboutToShow, this, [this] { place(m_gameWindow, Where::Below); });
+    connect(m_parseError.get(), &ParseError::aboutToShow, this, [this] {
+        place(*m_parseError, Where::Below);
+        // The code editor comes up too, perhaps as large as the screen: the message stays above it.
+        if (const QWidget* code = m_codeEditor->widget()) {
+            m_parseError->winId(); // makes its handle
+            m_parseError->windowHandle()->setTransientParent(code->windowHandle());
+        }
+    });
     connect(m_spy.get(), &SpyWindow::traceBoxesChanged, this,
             [this] { m_interpreter->setTraceBoxes(m_spy->traceBoxes()); });
     m_desk.LogProgress(QStringLiteral("GameEditor.Form_Load: loading source code"));
@@ -238,6 +247,8 @@ void GameEditor::setButtons(RunButtons state)
 void GameEditor::setEnabled(bool on)
 {
     QWidget::setEnabled(on);
+    if (on)
+        m_haltMeAgain->stop(); // the run is over: nothing of its stop may reach the next one
 }
 
 void GameEditor::startHaltMeAgain()
@@ -317,9 +328,7 @@ void GameEditor::ResWindowButton_Click()
 void GameEditor::SpyWindowButton_Click()
 {
     place(*m_spy, Where::Right);
-    m_spy->showNormal();
-    m_spy->raise();
-    m_spy->activateWindow();
+    forms::bringUp(*m_spy);
 }
 
 // ---- Closing

@@ -67,9 +67,7 @@ void GameWindow::show()
 {
     m_open = true;
     Q_EMIT aboutToShow();
-    QWidget::show();
-    raise();
-    activateWindow();
+    forms::bringUp(*this); // also where the last run's window was minimised
     m_display->setFocus();
 }
 

@@ -8,7 +8,8 @@
 #include <QVBoxLayout>
 
 ParseError::ParseError(const ZB& module, CodeEditorPort& codeEditor)
-    : m_module(module)
+    : QWidget(nullptr, Qt::Dialog)
+    , m_module(module)
     , m_codeEditor(codeEditor)
     , m_errorText(new QPlainTextEdit)
 {
@@ -40,9 +41,8 @@ void ParseError::close()
 void ParseError::show(std::string_view text)
 {
     m_errorText->setPlainText(forms::fromUtf8(text));
-    showNormal();
-    raise();
-    activateWindow();
+    Q_EMIT aboutToShow();
+    forms::bringUp(*this);
 }
 
 void ParseError::ErrorText_DblClick()

@@ -19,6 +19,10 @@ public:
 
     void ErrorText_DblClick();
 
+Q_SIGNALS:
+    /// The window is about to be seen.
+    void aboutToShow();
+
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -233,7 +233,8 @@ TEST_F(Workshop, SetsThePaceWithTheSlider)
             int value;
             int interval;
         };
-        for (const Row& row : {Row{1800, 33}, Row{60, 1000}, Row{7, 8571}, Row{1, 60000}, Row{1799, 33}}) {
+        for (const Row& row : {Row{1800, 33}, Row{60, 1000}, Row{7, 8571}, Row{1, 60000}, Row{1799, 33},
+                               Row{960, 62}, Row{1600, 38}}) {
             slider->setValue(row.value);
             EXPECT_EQ(gameTimer()->interval(), row.interval);
             EXPECT_TRUE(gameTimer()->isActive());
@@ -262,6 +263,27 @@ TEST_F(Workshop, StopsWithItsGameWindow)
         window->close();
         EXPECT_TRUE(gameIsSeen()) << "a statement still waits";
         EXPECT_TRUE(co_await stops());
+    }());
+}
+
+TEST_F(Workshop, LeavesNothingOfARunToTheNext)
+{
+    perform([this]() -> Script {
+        QWidget* window = find<GameWindow>(u"GameWindow");
+        click(u"PlayButton");
+        co_await played();
+        click(u"PauseButton");
+        co_await waits();
+        click(u"StopButton");
+        EXPECT_TRUE(co_await goesOn());
+        window->showMinimized();
+        window->close(); // before the stop is tried again
+        EXPECT_TRUE(isStopped());
+        click(u"PlayButton");
+        EXPECT_TRUE(window->isVisible());
+        EXPECT_FALSE(window->isMinimized());
+        co_await Script::pause(300);
+        EXPECT_TRUE(running()) << "the stop was meant for the run before";
     }());
 }
 
