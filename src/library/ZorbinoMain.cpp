@@ -239,11 +239,13 @@ QFrame* ZorbinoMain::makeActionWindow()
     m_help->setObjectName(u"Help");
     m_help->setWordWrap(true);
     m_help->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
-    m_help->setFixedHeight(m_help->fontMetrics().lineSpacing() * 2);
+    m_help->setFixedHeight(m_help->fontMetrics().lineSpacing() * 2 + 4); // 4: lines are rounded up
 
     auto* buttons = new QVBoxLayout;
     buttons->setSpacing(8);
+    int longestHelp = 0;
     for (const Action& action : actions) {
+        longestHelp = std::max(longestHelp, m_help->fontMetrics().horizontalAdvance(action.help));
         auto* button = new QPushButton(action.caption, panel);
         forms::dressButton(*button, action.name, action.icon, QString());
         button->setAccessibleDescription(action.help);
@@ -262,11 +264,13 @@ QFrame* ZorbinoMain::makeActionWindow()
     upper->addWidget(m_gamePicture, 0, Qt::AlignVCenter);
     upper->addLayout(buttons);
     auto* column = new QVBoxLayout(panel);
-    column->setContentsMargins(16, 16, 16, 8);
+    constexpr int margin = 16;
+    column->setContentsMargins(margin, margin, margin, 8);
     column->setSpacing(8);
     column->addLayout(upper);
     column->addWidget(m_help);
-    panel->setMinimumWidth(420);
+    // Half of the longest help and a word more, so that two lines hold it in a large font too.
+    panel->setMinimumWidth(std::clamp(longestHelp * 5 / 8 + 2 * margin, 420, outerSize.width() - 2 * margin));
     panel->hide();
     return panel;
 }

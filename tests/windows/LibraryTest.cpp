@@ -318,10 +318,6 @@ TEST_F(Library, ReachesTheMapEditorAndTheExitAtAnyTime)
 
 TEST_F(Library, ExplainsWhatTheMouseIsOver)
 {
-    open(1);
-    clickSlot(0);
-    const auto* help = control<QLabel>("Help");
-    EXPECT_EQ(help->text(), QString());
     const std::pair<const char*, const char*> texts[] = {
         {"Work", "You can work on a game that is not finished yet, or change a completed game."},
         {"PlayGame", "Play the game!"},
@@ -331,12 +327,24 @@ TEST_F(Library, ExplainsWhatTheMouseIsOver)
         {"Pack", "You can pack up a game to give it to your friends or put on the Internet."},
         {"Cancel", "Press cancel to look at a different game."},
     };
-    for (const auto& [name, text] : texts) {
-        QTest::mouseMove(control<QWidget>(name), QPoint(3, 3));
-        QTest::qWait(1);
-        EXPECT_EQ(help->text().toStdString(), text) << name;
-        EXPECT_LE(help->heightForWidth(help->width()), help->height()) << name;
+    const QFont plain = QApplication::font();
+    for (const int points : {11, 17}) { // the smallest that we use, and half as large again
+        QFont font = plain;
+        font.setPointSize(points);
+        QApplication::setFont(font);
+        open(1);
+        clickSlot(0);
+        const auto* help = control<QLabel>("Help");
+        EXPECT_EQ(help->text(), QString());
+        for (const auto& [name, text] : texts) {
+            QTest::mouseMove(control<QWidget>(name), QPoint(3, 3));
+            QTest::qWait(1);
+            EXPECT_EQ(help->text().toStdString(), text) << name;
+            EXPECT_LE(help->heightForWidth(help->width()), help->height()) << name << ' ' << points;
+        }
+        EXPECT_TRUE(window->rect().contains(control<QWidget>("ActionWindow")->geometry())) << points;
     }
+    QApplication::setFont(plain);
 }
 
 } // namespace
