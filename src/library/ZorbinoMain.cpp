@@ -8,7 +8,7 @@
 #include "library/TrayMath.h"
 #include "runtime/GameFolders.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QEvent>
 #include <QFrame>
 #include <QHBoxLayout>
@@ -286,6 +286,10 @@ bool ZorbinoMain::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == m_tray && event->type() == QEvent::Wheel && m_scrollbar->isEnabled())
         return QCoreApplication::sendEvent(m_scrollbar, event);
+    // The second half of a double click on a tile falls on the panel that has come up: it means no button.
+    if (watched != m_tray && event->type() == QEvent::MouseButtonDblClick &&
+        m_sincePicked.elapsed() < QApplication::doubleClickInterval())
+        return true;
     if (watched != m_tray && event->type() == QEvent::MouseMove) {
         // A button passes its moves on to the panel behind it, which means only its bare places.
         const auto* control = static_cast<QWidget*>(watched);
@@ -404,6 +408,7 @@ void ZorbinoMain::pick(int index)
 {
     if (index < 1 || index > static_cast<int>(m_games.size()))
         return;
+    m_sincePicked.start();
     DisableTray();
     const GameRecord& game = m_games[static_cast<std::size_t>(index - 1)];
     m_desk.module().CurrentGame = game;

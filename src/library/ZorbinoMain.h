@@ -3,6 +3,7 @@
 #include "runtime/ZB.h"
 
 #include <QCache>
+#include <QElapsedTimer>
 #include <QPixmap>
 #include <QWidget>
 
@@ -74,6 +75,7 @@ private:
     Desk& m_desk;
     std::vector<GameRecord> m_games;
     QCache<QString, QPixmap> m_icons;
+    QElapsedTimer m_sincePicked;
     QPixmap m_picture;  ///< the background as it was loaded
     QPixmap m_backdrop; ///< as it fills the window
 

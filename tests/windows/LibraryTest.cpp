@@ -183,6 +183,21 @@ TEST_F(Library, PicksWithTheKeysAlone)
     EXPECT_FALSE(picked());
 }
 
+TEST_F(Library, TakesADoubleClickOnATileForOne)
+{
+    open(5);
+    clickSlot(3);
+    auto* work = control<QPushButton>("Work"); // has come up under the pointer
+    const QPointF middle = QRectF(work->rect()).center();
+    for (const auto type : {QEvent::MouseButtonDblClick, QEvent::MouseButtonRelease}) {
+        QMouseEvent event(type, middle, work->mapToGlobal(middle), Qt::LeftButton, Qt::LeftButton, {});
+        QApplication::sendEvent(work, &event);
+    }
+    EXPECT_TRUE(desk.calls.isEmpty());
+    click("Work");
+    EXPECT_FALSE(desk.calls.isEmpty());
+}
+
 TEST_F(Library, ReadsNoIconThatIsNotShown)
 {
     open(60);
