@@ -14,7 +14,6 @@ namespace
 {
 
 constexpr int smallestZoomWithGrid = 6;
-constexpr int farthest = 99; // how far beyond the left and top edge a stroke is followed
 
 } // namespace
 
@@ -42,7 +41,9 @@ void FrameView::paintEvent(QPaintEvent* /*event*/)
     drawFrame(painter, rect(), *m_frame);
     const int zoom = width() / std::max(1, m_frame->width());
     if (m_cursorShown && hasFocus()) {
-        const QRect place(m_cursor * zoom, QSize(zoom, zoom));
+        const int side = std::max(1, zoom); // a frame that is larger than the view is shrunk
+        const QRect place(m_cursor.x() * width() / m_frame->width(),
+                          m_cursor.y() * height() / m_frame->height(), side, side);
         painter.setPen(QPen(Qt::white, 3));
         painter.drawRect(place);
         painter.setPen(QPen(Qt::black, 1));
@@ -62,7 +63,7 @@ QPoint FrameView::framePoint(const QMouseEvent& event) const
     if (m_frame == nullptr)
         return {};
     const auto scaled = [](double position, int frameSide, int side) {
-        return std::max(-farthest, static_cast<int>(std::floor(position * frameSide / std::max(1, side))));
+        return static_cast<int>(std::floor(position * frameSide / std::max(1, side)));
     };
     return {scaled(event.position().x(), m_frame->width(), width()),
             scaled(event.position().y(), m_frame->height(), height())};

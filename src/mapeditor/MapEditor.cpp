@@ -259,8 +259,11 @@ void MapEditor::mapOpened()
 
 void MapEditor::keyPressEvent(QKeyEvent* event)
 {
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (event->key() == Qt::Key_Escape && m_newMap->isVisible() && m_display->isEnabled())
         m_newMap->hide(); // back to the map that is there
+    else if (isReturn && m_newMap->isAncestorOf(focusWidget()))
+        CreateNewMap_Click();
     else
         QMainWindow::keyPressEvent(event);
 }
@@ -411,8 +414,11 @@ void MapEditor::FileOpen_Click()
     loading = true;
     const auto text = m_desk.installation().readText(below(*name));
     const bool isWhole = text && m_map.fromText(*text);
-    for (int index = 0; index < colours; ++index)
-        m_legend[static_cast<std::size_t>(index)]->setText(forms::fromUtf8(m_map.get_legend(index)));
+    for (int index = 0; index < colours; ++index) {
+        QLineEdit* const box = m_legend[static_cast<std::size_t>(index)];
+        box->setText(forms::fromUtf8(m_map.get_legend(index)));
+        box->setCursorPosition(0); // a long text shows its beginning
+    }
     const QString background = forms::fromUtf8(m_map.get_background());
     const bool backgroundFound = !text || background.isEmpty() || loadBackground(background);
     Form_Resize();
@@ -441,7 +447,8 @@ void MapEditor::FileSave_Click()
     }
     const auto name = forms::askText(
         this, u"Save as..."_s,
-        u"Where to? Say the game's folder and the map's name,\nlike %1castle"_s.arg(exampleFolder()),
+        u"Where to? Say the game's folder and the map's name without spaces,\nlike %1castle"_s.arg(
+            exampleFolder()),
         m_fileName);
     if (!name)
         return;

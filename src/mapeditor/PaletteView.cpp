@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace
 {
@@ -89,7 +90,8 @@ void PaletteView::paintEvent(QPaintEvent* /*event*/)
 
 int PaletteView::indexAt(const QPointF& position) const
 {
-    const QPoint point = position.toPoint();
+    const QPoint point(static_cast<int>(std::floor(position.x())),
+                       static_cast<int>(std::floor(position.y())));
     return rect().contains(point) ? point.y() / cell * columns + point.x() / cell : -1;
 }
 

@@ -13,6 +13,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace
 {
 
@@ -52,10 +54,12 @@ std::optional<QString> chooseSprite(QWidget* parent, const Installation& install
     list->setViewMode(QListView::IconMode);
     list->setResizeMode(QListView::Adjust);
     list->setMovement(QListView::Static);
-    list->setSpacing(8);
-    list->setWordWrap(true);
+    list->setGridSize(
+        {std::max(side, list->fontMetrics().averageCharWidth() * 14) + 16,
+         side + list->fontMetrics().height() + 16}); // a long name does not push the others away
     for (const std::string& name : names) {
         auto* const item = new QListWidgetItem(forms::fromUtf8(name), list);
+        item->setToolTip(item->text());
         SpriteModel model;
         if (list->count() <= mostPictures &&
             loadSprite(installation, pictures, folder, name, model) == SpriteLoad::Done)

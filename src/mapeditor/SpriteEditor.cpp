@@ -15,10 +15,12 @@
 #include <QComboBox>
 #include <QFormLayout>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMenuBar>
 #include <QPainter>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSignalBlocker>
@@ -142,7 +144,7 @@ SpriteEditor::SpriteEditor(Desk& desk, const QString& graphicName)
     connectModel();
     setTool(PencilTool);
     setSwatch(firstColour);
-    resize(960, 736);
+    resize(960, std::min(736, screen()->availableGeometry().height() - 48)); // with a title bar above it
     m_currentFrame->setFocus();
     Form_Load(graphicName);
 }
@@ -188,7 +190,10 @@ void SpriteEditor::makeCommands()
             action->setIconText(QString::fromUtf16(from.buttonText));
             action->setShortcut(QKeySequence(QString::fromUtf16(from.keys)));
             action->setToolTip(QString::fromUtf16(from.tip) + u" (%1)"_s.arg(QString::fromUtf16(from.keys)));
-            connect(action, &QAction::triggered, this, [this, run = from.run] { run(*this); });
+            connect(action, &QAction::triggered, this, [this, run = from.run] {
+                finishInput();
+                run(*this);
+            });
             menu->addAction(action);
         }
     }
@@ -245,7 +250,6 @@ QWidget* SpriteEditor::makeColours()
     layout->addWidget(m_palette, 0, Qt::AlignHCenter);
     layout->addWidget(more);
     layout->addStretch(1);
-    layout->addWidget(decoration(panel, "Picture1", "sprite", QSize(64, 64)));
     return panel;
 }
 
@@ -266,8 +270,6 @@ QWidget* SpriteEditor::makeSide()
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(8);
 
-    layout->addWidget(decoration(panel, "Logo", "logo", QSize(176, 64)));
-
     auto* const previewTitle = new QLabel(u"In the game"_s, panel);
     m_preview = new QLabel(panel);
     m_preview->setObjectName(u"Preview"_s);
@@ -282,13 +284,14 @@ QWidget* SpriteEditor::makeSide()
     m_kind->setObjectName(u"Kind"_s);
     m_kind->addItems({u"Simple"_s, u"Animated"_s, u"Rotating"_s});
     m_kind->setAccessibleName(u"Kind of sprite"_s);
-    const auto side = [panel](const char* name, const QString& what) {
+    const auto side = [this, panel](const char* name, const QString& what) {
         auto* const box = new QSpinBox(panel);
         box->setObjectName(QLatin1StringView(name));
         box->setAccessibleName(what);
         box->setToolTip(what + u", in pixels"_s);
         box->setRange(SpriteModel::smallestSide, largestSpinSide);
         box->setKeyboardTracking(false); // "64" is no 6 on the way
+        box->installEventFilter(this);
         return box;
     };
     m_width = side("FrameWidth", u"Width of a frame"_s);
@@ -314,6 +317,7 @@ QWidget* SpriteEditor::makeFrames()
     layout->setSpacing(8);
     auto* const row = new QHBoxLayout;
     row->setSpacing(8);
+    row->addWidget(decoration(panel, "Picture1", "sprite", QSize(36, 36)));
     row->addWidget(new QLabel(u"Frames"_s, panel));
     for (const char* name : {"AddFrame", "DuplicateFrame", "DeleteFrame", "FrameLeft", "FrameRight"}) {
         auto* const button = new QToolButton(panel);
@@ -325,7 +329,8 @@ QWidget* SpriteEditor::makeFrames()
         button->setFocusPolicy(Qt::TabFocus);
         row->addWidget(button);
     }
-    row->addStretch(1);
+    row->addStretch(1); // the decoration stands where it costs no height: small screens are wide
+    row->addWidget(decoration(panel, "Logo", "logo", QSize(110, 36)));
     layout->addLayout(row);
 
     m_strip = new StripView(m_model, panel);
@@ -406,11 +411,13 @@ void SpriteEditor::CurrentFrame_MouseMove(Qt::MouseButtons buttons, Qt::Keyboard
             }
             break;
         case PencilTool:
-            if (lastX == noStroke)
+            if (lastX == noStroke) {
+                m_model.beginStroke();
                 m_model.setPixel(x, y, colour);
-            else
+            } else {
                 m_model.drawLine(lastX, lastY, x, y, colour);
-            lastX = x;
+            }
+            lastX = x == noStroke ? noStroke - 1 : x; // out there one pixel makes no difference
             lastY = y;
             break;
         default:
@@ -425,17 +432,21 @@ void SpriteEditor::CurrentFrame_MouseMove(Qt::MouseButtons buttons, Qt::Keyboard
 void SpriteEditor::CurrentFrame_MouseUp(Qt::MouseButtons /*buttons*/, Qt::KeyboardModifiers /*shift*/, int x,
                                         int y)
 {
+    endStroke();
+    showPosition(x, y);
+}
+
+void SpriteEditor::endStroke()
+{
     lastX = noStroke;
     lastY = noStroke;
     m_model.endStroke();
-    showPosition(x, y);
 }
 
 void SpriteEditor::CurrentFrame_LostFocus()
 {
-    lastX = noStroke;
+    endStroke();
     lastY = -1;
-    m_model.endStroke();
 }
 
 void SpriteEditor::showPosition(int x, int y)
@@ -475,6 +486,13 @@ void SpriteEditor::setTool(int chosen)
     command(names[chosen - 1])->setChecked(true);
     m_currentFrame->setCursor(chosen == PointerTool ? Qt::ArrowCursor : Qt::CrossCursor);
     CurrentFrame_LostFocus();
+}
+
+void SpriteEditor::finishInput()
+{
+    endStroke();
+    m_width->interpretText();
+    m_height->interpretText();
 }
 
 void SpriteEditor::setFrameSize()
@@ -563,6 +581,7 @@ bool SpriteEditor::saveAs(const QString& name)
 
 bool SpriteEditor::mayClose()
 {
+    finishInput();
     if (!m_model.isModified() || m_discardAllowed)
         return true;
     const QString name = m_name.isEmpty() ? u"your new sprite"_s : u"the sprite %1"_s.arg(m_name);
@@ -588,6 +607,11 @@ bool SpriteEditor::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == m_stage && event->type() == QEvent::Resize)
         placeCurrentFrame();
+    if ((watched == m_width || watched == m_height) && event->type() == QEvent::ShortcutOverride &&
+        static_cast<QKeyEvent*>(event)->matches(QKeySequence::Undo)) {
+        event->ignore(); // it means the last change of the sprite, also while the box has the focus
+        return true;
+    }
     return QMainWindow::eventFilter(watched, event);
 }
 

@@ -75,6 +75,9 @@ private:
     void setTool(int chosen);
     void setSwatch(Pixel colour);
     void setFrameSize();
+    /// Ends what is still under way: a stroke, a frame size that is being typed.
+    void finishInput();
+    void endStroke();
 
     /// Brings every view up to date with the model.
     void refresh();

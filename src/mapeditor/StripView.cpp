@@ -13,7 +13,7 @@
 namespace
 {
 
-constexpr int side = 60;
+constexpr int side = 64; // frames of 16, 32 and 64 pixels fill it
 constexpr int gap = 10;
 constexpr int margin = 6;
 

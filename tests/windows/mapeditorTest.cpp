@@ -96,6 +96,11 @@ TEST_F(MapEditorTest, OpensWithThePanelForANewMap)
     EXPECT_EQ(editor.map().columns, 16);
     create(u"75 x 75"_s);
     EXPECT_EQ(editor.map().rows, 75);
+    control<QAction>(u"FileNew"_s).trigger();
+    QTest::keyClick(&control<QComboBox>(u"MapSizeBox"_s), Qt::Key_Up);
+    QTest::keyClick(&control<QComboBox>(u"MapSizeBox"_s), Qt::Key_Return);
+    EXPECT_FALSE(control<QWidget>(u"NewMap"_s).isVisible());
+    EXPECT_EQ(editor.map().rows, 10);
     EXPECT_FALSE(isUnsaved());
 }
 
@@ -204,6 +209,7 @@ TEST_F(MapEditorTest, SavesAndOpensMaps)
               QStringList(u"Open...: "_s));
     EXPECT_EQ(painted(), "0,0=1");
     EXPECT_EQ(box(u"LegendText_6"_s), u"magic door"_s);
+    EXPECT_EQ(control<QLineEdit>(u"LegendText_6"_s).cursorPosition(), 0);
     EXPECT_EQ(editor.map().get_legend(6), "magic door");
     EXPECT_FALSE(isUnsaved());
 }

@@ -130,7 +130,27 @@ TEST_F(SpriteEditorTest, EndsAStrokeWhenTheFocusGoes)
     QFocusEvent lost(QEvent::FocusOut);
     QApplication::sendEvent(&frame(), &lost);
     move(20, 0, Qt::LeftButton);
+    move(20, 2, Qt::LeftButton);
+    EXPECT_EQ(drawn(), 4);
+    run("Undo"); // what came after the focus is a stroke of its own
+    EXPECT_EQ(drawn(), 1);
+    move(10, 0, Qt::LeftButton);
     EXPECT_EQ(drawn(), 2);
+}
+
+TEST_F(SpriteEditorTest, FollowsAStrokeFarBeyondTheEdges)
+{
+    for (const int far : {-1, -99, -100, -101, -300, 300}) {
+        drag({0, 3}, {far, 3});
+        EXPECT_EQ(drawn(), far < 0 ? 1 : 32) << far;
+        run("Undo");
+        QTest::mousePress(&frame(), Qt::LeftButton, {}, on(0, 0));
+        for (const auto& [x, y] : {std::pair{far, 0}, {far, 31}, {31, 31}})
+            move(x, y, Qt::LeftButton);
+        QTest::mouseRelease(&frame(), Qt::LeftButton, {}, on(31, 31));
+        EXPECT_EQ(drawn(), 33) << far;
+        run("Undo");
+    }
 }
 
 TEST_F(SpriteEditorTest, DrawsWithTheKeyboard)
@@ -196,6 +216,29 @@ TEST_F(SpriteEditorTest, FillsTheSurfaceWithSmallAndLargeFrames)
         click(side - 1, 0);
         EXPECT_NE(model().pixel(side - 1, 0), transparent) << side;
     }
+}
+
+TEST_F(SpriteEditorTest, TakesASizeThatIsBeingTyped)
+{
+    auto& width = control<QSpinBox>(u"FrameWidth"_s);
+    const auto type = [&width](const QString& text) {
+        width.setFocus();
+        width.selectAll();
+        QTest::keyClicks(&width, text);
+    };
+    type(u"48"_s);
+    EXPECT_EQ(model().frameSize().width, 32);
+    saveAs(u"wide"_s);
+    EXPECT_EQ(model().frameSize().width, 48);
+    EXPECT_FALSE(model().isModified());
+    editor->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(editor.get()));
+    width.setFocus();
+    QTest::keyClick(&width, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(model().frameSize().width, 32);
+    type(u"20"_s);
+    EXPECT_EQ(withAnswers({u"Cancel"_s}, [this] { editor->close(); }).size(), 1);
+    EXPECT_EQ(model().frameSize().width, 20);
 }
 
 TEST_F(SpriteEditorTest, HandlesFramesOnTheStrip)
