@@ -130,7 +130,7 @@ QIcon letterIcon(QChar letter)
     return icon;
 }
 
-/// Lets Enter press the button that has the focus. Desktops differ in whether the toolkit does that.
+/// Takes Enter for a button that has the focus.
 class EnterPresses : public QObject
 {
 public:
@@ -196,6 +196,11 @@ void dressButton(QAbstractButton& button, const char* objectName, const char* ic
     button.setToolTip(tip);
     const QString caption = withoutMnemonic(button.text());
     button.setAccessibleName(caption.isEmpty() ? tip : caption);
+    letEnterPress(button);
+}
+
+void letEnterPress(QAbstractButton& button)
+{
     button.installEventFilter(new EnterPresses(&button));
 }
 

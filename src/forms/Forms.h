@@ -31,8 +31,11 @@ QIcon icon(const char* name);
 void drawAhead(std::vector<const char*> names, QSize size);
 
 /// Sets name, accessible name, tip and icon of a button in one go; the tip becomes the accessible name where
-/// a caption is missing.
+/// a caption is missing. Enter presses it.
 void dressButton(QAbstractButton& button, const char* objectName, const char* iconName, const QString& tip);
+
+/// Lets Enter press a button that has the focus. Desktops differ in whether the toolkit does that.
+void letEnterPress(QAbstractButton& button);
 
 /// "Courier New" by name, or the metric-compatible fixed font that the system has.
 QFont fixedFont(int points);

@@ -148,6 +148,7 @@ QWidget* Properties::makeSelector()
         picture->setFixedSize(picture->sizeHint());
         picture->setFocusPolicy(Qt::StrongFocus);
         picture->setCursor(Qt::PointingHandCursor);
+        forms::letEnterPress(*picture);
         connect(picture, &QAbstractButton::clicked, this, [this, index] { IconSelector_Click(index); });
         grid->addWidget(picture, 0, index);
         m_iconSelector[static_cast<std::size_t>(index)] = picture;

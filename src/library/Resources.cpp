@@ -166,6 +166,7 @@ QWidget* Resources::makePreviews()
         picture->setObjectName(QStringLiteral("ShowBackground_%1").arg(index));
         picture->setIconSize(previewSize);
         picture->setFixedSize(previewSize + QSize(16, 16));
+        forms::letEnterPress(*picture);
         connect(picture, &QAbstractButton::clicked, this,
                 [this, index] { m_backgroundNames->setCurrentRow(m_backgroundScroll->value() + index); });
         auto* title = new QLabel(part);

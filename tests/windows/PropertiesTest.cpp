@@ -137,7 +137,7 @@ TEST_F(GameProperties, AGameWithoutAnIconShowsNone)
 {
     open(1);
     EXPECT_TRUE(control<QLabel>(QStringLiteral("ShowIcon"))->pixmap().isNull());
-    QTest::mouseClick(selector(0), Qt::LeftButton);
+    QTest::keyClick(selector(0), Qt::Key_Return);
     EXPECT_FALSE(control<QLabel>(QStringLiteral("ShowIcon"))->pixmap().isNull());
 }
 
