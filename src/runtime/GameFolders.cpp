@@ -171,7 +171,7 @@ std::optional<std::string> findGameIcon(const Installation& installation, const 
 bool ChooseGameIcon(const Installation& installation, const GameRecord& game, std::string_view iconName)
 {
     const auto picture = installation.readBytes(joined("zbo\\icons\\", iconName));
-    if (!picture)
+    if (!picture || extensionOf(iconName).empty()) // "icon" alone would be nobody's icon
         return false;
     const std::string folder = joined(gamesFolder, game.folder);
     const std::string name = joined("icon", extensionOf(iconName));

@@ -158,7 +158,11 @@ TEST_F(GameFolders, AFullDiskKeepsTheOldIcon)
         EXPECT_FALSE(ChooseGameIcon(installation, game, "cat.gif"));
         EXPECT_EQ(folder.read(std::string("games/00000001/") + old), "old");
     }
-    EXPECT_FALSE(ChooseGameIcon(installation, game, "gone.gif"));
+    folder.write("zbo/icons/README", "no picture");
+    for (const char* name : {"gone.gif", "README"}) {
+        EXPECT_FALSE(ChooseGameIcon(installation, game, name)) << name;
+        EXPECT_EQ(folder.read("games/00000001/icon.gif"), "old") << name;
+    }
 }
 
 TEST_F(GameFolders, FindsNoIconWhereThereIsNone)
