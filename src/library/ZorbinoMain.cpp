@@ -527,10 +527,13 @@ void ZorbinoMain::takeOuterSize(int triesLeft)
 {
     // The window manager puts its frame on some time after the window was asked for, and tells nobody.
     const QMargins frame = windowHandle() != nullptr ? windowHandle()->frameMargins() : QMargins();
+    if (frame.isNull() && triesLeft > 0) {
+        QTimer::singleShot(30, this, [this, triesLeft] { takeOuterSize(triesLeft - 1); });
+        return;
+    }
     if (!frame.isNull())
         resize(outerSize.shrunkBy(frame));
-    else if (triesLeft > 0)
-        QTimer::singleShot(30, this, [this, triesLeft] { takeOuterSize(triesLeft - 1); });
+    centreActionWindow();
 }
 
 void ZorbinoMain::keyPressEvent(QKeyEvent* event)

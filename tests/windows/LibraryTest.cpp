@@ -110,11 +110,14 @@ TEST_F(Library, TakesItsOuterSizeAndCentresThePanel)
     EXPECT_EQ(window->frameGeometry().size(), QSize(600, 418));
     EXPECT_EQ(tray()->width(), window->width());
     EXPECT_EQ(scrollbar()->width(), window->width());
-    clickSlot(0);
     const auto* panel = control<QFrame>("ActionWindow");
-    EXPECT_EQ(panel->x(), (window->width() - panel->width()) / 2);
-    EXPECT_EQ(panel->y(), (window->height() - panel->height()) / 2);
-    EXPECT_TRUE(window->rect().contains(panel->geometry()));
+    for (const bool shown : {false, true}) {
+        EXPECT_EQ(panel->isVisible(), shown);
+        EXPECT_EQ(panel->x(), (window->width() - panel->width()) / 2);
+        EXPECT_EQ(panel->y(), (window->height() - panel->height()) / 2);
+        EXPECT_TRUE(window->rect().contains(panel->geometry()));
+        clickSlot(0);
+    }
 }
 
 TEST_F(Library, AnEmptyLibraryHasNothingToPick)
