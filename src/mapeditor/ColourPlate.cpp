@@ -10,6 +10,7 @@ ColourPlate::ColourPlate(const char* objectName, QWidget* parent)
     : QWidget(parent)
 {
     setObjectName(QLatin1String(objectName));
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     setFillColor(black);
 }
 

@@ -12,7 +12,7 @@ public:
     explicit ColourPlate(const char* objectName, QWidget* parent = nullptr);
     void setFillColor(Pixel colour);
     Pixel fillColor() const { return m_colour; }
-    QSize sizeHint() const override { return {64, 44}; }
+    QSize sizeHint() const override { return {64, 40}; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
