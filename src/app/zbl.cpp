@@ -248,7 +248,8 @@ int main(int argc, char** argv)
 {
     const std::span<char*> words(argv, static_cast<std::size_t>(argc));
     const std::string command = argc > 1 ? words[1] : "";
-    if (command == "--help" || command == "-h") {
+    const auto asksForHelp = [](std::string_view word) { return word == "--help" || word == "-h"; };
+    if (asksForHelp(command) || (argc > 2 && asksForHelp(words[2]))) {
         printLine(help.substr(0, help.size() - 1));
         return finish(Fine);
     }

@@ -1,7 +1,7 @@
 #!/bin/bash
 # What zbl answers to the words of a call: its exit status and what it writes. Usage: ZBL
 set -uo pipefail
-zbl=$1
+zbl=$(realpath "$1")
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 cd "$work" || exit 1
@@ -51,6 +51,7 @@ held() { printf 'Variables:\ncounter$held       =%d' "$1"; }
 game=games/00000001
 check 0 '' check $game/Code.TXT
 check 0 '' run $game
+check 0 "$("$zbl" --help)" run --help
 check 0 "$(held 0)" run --dump --frames 1 $game/
 check 0 'Variables:' run $game --frames 0 --dump
 check 0 "$(held 2)" run $game --dump --keys keys --frames 9 --seed -1 --show-map
