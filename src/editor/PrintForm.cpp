@@ -4,7 +4,9 @@
 #include "forms/Forms.h"
 
 #include <QComboBox>
+#include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPointer>
@@ -85,7 +87,9 @@ void PrintForm::Ok_Click()
 
 bool PrintForm::askForFile()
 {
-    const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    if (!QFileInfo::exists(folder))
+        folder = QDir::homePath(); // left alone, the dialog would begin in the program's own folder
     const QString name = QString(m_module.documentName).replace(u'/', u'-');
     const QString proposal = QStringLiteral("%1/%2.pdf").arg(folder, name);
     const QPointer<QFileDialog> dialog(new QFileDialog(this, QStringLiteral("Save as a PDF file"), proposal,

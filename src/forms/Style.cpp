@@ -76,6 +76,7 @@ QPushButton:pressed, QToolButton:pressed, QPushButton:checked, QToolButton:check
 QPushButton:focus, QToolButton:focus { border-color: @accent; }
 QPushButton:disabled, QToolButton:disabled { border-color: @faint; background: transparent; }
 QToolBar QToolButton { padding: 3px; border-radius: 7px; }
+QFileDialog QToolButton { padding: 2px; border-radius: 5px; } /* small ones: more leaves no room for the icon */
 QToolBar QToolButton:!hover:!pressed:!checked:!focus { border-color: transparent; background: transparent; }
 QToolBar { spacing: 2px; padding: 3px; border: none; }
 QCheckBox::indicator, QRadioButton::indicator {
