@@ -59,7 +59,7 @@ class CodeEditor::Busy
 public:
     explicit Busy(CodeEditor& editor)
         : m_editor(editor)
-        , m_hadFocus(editor.m_CodeView->hasFocus())
+        , m_focus(editor.focusWidget())
     {
         m_editor.m_isBusy = true;
         m_editor.m_bars->showToolbars(false);
@@ -71,8 +71,8 @@ public:
         m_editor.setEnabled(true);
         QApplication::restoreOverrideCursor();
         m_editor.showToolbars();
-        if (m_hadFocus)
-            m_editor.m_CodeView->setFocus();
+        if (m_focus)
+            m_focus->setFocus();
         m_editor.m_isBusy = false;
         if (m_editor.m_deleteWhenDone)
             m_editor.deleteLater();
@@ -82,7 +82,7 @@ public:
 
 private:
     CodeEditor& m_editor;
-    bool m_hadFocus;
+    QPointer<QWidget> m_focus; ///< within the window, active or not: a dialog may just be closing
 };
 
 // The window
@@ -179,13 +179,10 @@ bool CodeEditor::eventFilter(QObject* watched, QEvent* event)
     if (watched == m_bars->Minibuffer()) {
         if (event->type() == QEvent::KeyPress)
             return Minibuffer_KeyDown(*static_cast<QKeyEvent*>(event));
-        if (event->type() == QEvent::ShortcutOverride) {
-            // What edits the text must not do so while a prompt is typed into.
-            const auto& key = *static_cast<QKeyEvent*>(event);
-            const QAction* command = m_shortcuts.value(key.keyCombination().toCombined());
-            if (command != nullptr && command->data().toBool())
-                event->accept();
-        }
+        if (event->type() == QEvent::KeyRelease)
+            m_promptRepeats.release(*static_cast<QKeyEvent*>(event));
+        if (event->type() == QEvent::ShortcutOverride && isKeptFromCommands(*static_cast<QKeyEvent*>(event)))
+            event->accept();
     }
     return QMainWindow::eventFilter(watched, event);
 }
@@ -424,6 +421,7 @@ void CodeEditor::PrintButton_Click()
         const std::unique_ptr<QPrinter> printer = m_winCode.openPrinter();
         isPrinted = printText(*printer, m_history.text(), m_CodeView->font());
     }
+    activateWindow(); // it could not take over from the dialog while it was disabled
     if (!isPrinted)
         forms::tell(this,
                     QStringLiteral("Sorry, I could not print your program!\n\n"

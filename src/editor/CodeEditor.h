@@ -65,6 +65,7 @@ private:
     void CodeView_Change() { UpdateCursorPosition(); }
     void CodeView_Tab();
     bool Minibuffer_KeyDown(const QKeyEvent& event);
+    bool isKeptFromCommands(const QKeyEvent& event) const;
 
     // Menu items and buttons.
     void SaveMnu_Click() { saveFile(); }
@@ -112,6 +113,7 @@ private:
     QAction* m_UndoMnu = nullptr;
     std::string m_FileName;
     bool m_Modified = false;
+    forms::KeyRepeats m_promptRepeats;
     MinibufferMode m_MinibufferMode = MinibufferMode::Closed;
     int m_CurrentLine = 1;
     int m_CurrentColumn = 1;

@@ -5,6 +5,7 @@
 #include "editor/CodeText.h"
 #include "editor/EditorBars.h"
 #include "forms/Forms.h"
+#include "forms/KeyCodes.h"
 
 #include <QAction>
 #include <QKeyEvent>
@@ -121,15 +122,16 @@ bool CodeEditor::CodeView_KeyDown(const QKeyEvent& event)
                             // same
         return false;
     }
+    // Where the digits need Shift, the key of the 1 gives another character.
+    if (isCtrl && (event.key() == Qt::Key_1 || forms::virtualKeyCode(event) == '1')) {
+        PromptGotoLine();
+        return false;
+    }
     switch (event.key()) {
     case Qt::Key_Escape:
         if (m_MinibufferMode != MinibufferMode::Closed)
             CloseMinibuffer();
         return false;
-    case Qt::Key_1:
-        if (isCtrl)
-            PromptGotoLine();
-        return !isCtrl;
     case Qt::Key_Tab:
     case Qt::Key_Backtab:
         if (!isCtrl)
@@ -144,6 +146,7 @@ bool CodeEditor::CodeView_KeyDown(const QKeyEvent& event)
 void CodeEditor::CodeView_Tab()
 {
     placeCursor(IndentLine(m_CodeView->textCursor().position()));
+    UpdateCursorPosition(); // the change itself was announced before the cursor had its place
     CodeView_KeyPress(u'\t');
 }
 
@@ -182,7 +185,10 @@ void CodeEditor::CodeView_ContextMenu(QPoint globalPosition)
     add("cut", QStringLiteral("Cu&t"), isSelection, [this] { m_CodeView->cut(); });
     add("copy", QStringLiteral("&Copy"), isSelection, [this] { CopyMnu_Click(); });
     add("paste", QStringLiteral("&Paste"), m_CodeView->canPaste(), [this] { PasteMnu_Click(); });
-    add("duplicate", QStringLiteral("Select &All"), true, [this] { m_CodeView->selectAll(); });
+    add("duplicate", QStringLiteral("Select &All"), true, [this] {
+        m_CodeView->selectAll();
+        UpdateCursorPosition(); // the menu has kept the release of key or button to itself
+    });
     menu->popup(globalPosition);
 }
 
@@ -226,6 +232,14 @@ void CodeEditor::PromptSearch()
     OpenMinibuffer(MinibufferMode::Search);
 }
 
+/// What edits the text must not do so while a prompt is typed into. And the key that opened the prompt, held
+/// a little long, must not search at once for what nobody has typed yet.
+bool CodeEditor::isKeptFromCommands(const QKeyEvent& event) const
+{
+    const QAction* command = m_shortcuts.value(event.keyCombination().toCombined());
+    return command != nullptr && (command->data().toBool() || m_promptRepeats.isRepeat(event));
+}
+
 bool CodeEditor::Minibuffer_KeyDown(const QKeyEvent& event)
 {
     switch (event.key()) {
@@ -234,7 +248,7 @@ bool CodeEditor::Minibuffer_KeyDown(const QKeyEvent& event)
         return true;
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        if (event.isAutoRepeat())
+        if (m_promptRepeats.isRepeat(event))
             return true; // a key held too long answers one question, not many
         if (m_MinibufferMode == MinibufferMode::Search)
             FindNext();

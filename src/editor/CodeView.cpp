@@ -81,7 +81,7 @@ void CodeView::keyPressEvent(QKeyEvent* event)
         return;
     }
     event->accept();
-    if (!event->isAutoRepeat())
+    if (!m_repeats.isRepeat(*event))
         m_heldKey = event->key();
     else if (event->key() != m_heldKey)
         return; // held down since before the text had the focus: the key was meant for somebody else
@@ -107,6 +107,7 @@ void CodeView::breakLine()
 
 void CodeView::keyReleaseEvent(QKeyEvent* event)
 {
+    m_repeats.release(*event);
     QPlainTextEdit::keyReleaseEvent(event);
     if (!event->isAutoRepeat())
         m_owner.CodeView_KeyUp();
@@ -134,6 +135,7 @@ void CodeView::dropEvent(QDropEvent* event)
 {
     m_owner.CodeView_BeforeChange();
     QPlainTextEdit::dropEvent(event);
+    m_owner.CodeView_MouseUp(); // a drag swallows the release of the button
 }
 
 void CodeView::inputMethodEvent(QInputMethodEvent* event)

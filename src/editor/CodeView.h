@@ -1,5 +1,7 @@
 #pragma once
 
+#include "forms/KeyCodes.h"
+
 #include <QPlainTextEdit>
 
 /// What the text box tells the window that holds it, in the order in which it happens.
@@ -52,5 +54,6 @@ private:
     void breakLine();
 
     CodeViewOwner& m_owner;
+    forms::KeyRepeats m_repeats;
     int m_heldKey = 0; ///< the last key that went down here
 };

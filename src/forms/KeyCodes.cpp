@@ -133,4 +133,16 @@ std::vector<int> HeldKeys::releaseAll()
     return codes;
 }
 
+void KeyRepeats::release(const QKeyEvent& event)
+{
+    m_key = event.key();
+    m_time = event.timestamp();
+}
+
+bool KeyRepeats::isRepeat(const QKeyEvent& press) const
+{
+    const bool atOnce = m_time != 0 && press.timestamp() == m_time; // made-up events may have no time
+    return press.isAutoRepeat() || (atOnce && press.key() == m_key);
+}
+
 } // namespace forms

@@ -33,4 +33,17 @@ private:
     std::unordered_map<quint64, int> m_codes; ///< by physical key
 };
 
+/// Tells the repetitions of a held key from its first press. X11 sends a release ahead of every repetition,
+/// at the very same time, and the toolkit does not always see that the two belong together.
+class KeyRepeats
+{
+public:
+    void release(const QKeyEvent& event);
+    bool isRepeat(const QKeyEvent& press) const;
+
+private:
+    int m_key = 0;
+    quint64 m_time = 0;
+};
+
 } // namespace forms
