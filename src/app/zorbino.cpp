@@ -105,8 +105,9 @@ int main(int argc, char* argv[])
         forms::tell(nullptr, wrongFolder.toString());
         return 0;
     }
-    if (!words.isSet(workWord))
-        ZorbinoMain::readAhead(workbench);
+    const bool libraryComes = !words.isSet(workWord) && !words.isSet(selfTestWord);
+    if (libraryComes)
+        ZorbinoMain::readAhead(workbench); // and fetched by the library
     FirstPaint firstPaint;
     if (words.isSet(firstPaintWord))
         application.installEventFilter(&firstPaint);
@@ -114,9 +115,9 @@ int main(int argc, char* argv[])
     workbench.LogProgress(QStringLiteral("ZB.main"));
     if (words.isSet(selfTestWord))
         return selfTest(workbench);
-    if (words.isSet(workWord))
-        workOn(workbench, words.value(workWord));
-    else
+    if (libraryComes)
         workbench.showLibrary();
+    else
+        workOn(workbench, words.value(workWord));
     return QApplication::exec();
 }
