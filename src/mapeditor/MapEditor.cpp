@@ -356,6 +356,13 @@ void MapEditor::Display_MouseUp()
     mouseDown = false;
 }
 
+void MapEditor::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::ActivationChange && !isActiveWindow())
+        Display_MouseUp(); // the button may be let go of over a box that has come up
+    QMainWindow::changeEvent(event);
+}
+
 /// Paints from the last square to this one without gaps.
 bool MapEditor::drawStroke(int column, int row)
 {

@@ -138,6 +138,19 @@ TEST_F(MapEditorTest, StrokesBeginAnewAndMovesWithoutAButtonPaintNothing)
     EXPECT_EQ(painted(), "0,0=1 15,0=1");
 }
 
+TEST_F(MapEditorTest, ABoxThatComesUpEndsTheStroke)
+{
+    create(u"16 x 16"_s);
+    editor.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&editor));
+    QTest::mousePress(&display(), Qt::LeftButton, {}, QPoint(5, 5));
+    withAnswers({QString()}, [this] { control<QAction>(u"FileSave"_s).trigger(); });
+    QMouseEvent move(QEvent::MouseMove, QPoint(200, 5), display().mapToGlobal(QPoint(200, 5)), Qt::NoButton,
+                     Qt::NoButton, {});
+    QApplication::sendEvent(&display(), &move);
+    EXPECT_EQ(painted(), "0,0=1");
+}
+
 TEST_F(MapEditorTest, DeletesOneColourOrAll)
 {
     struct Case {
