@@ -6,6 +6,14 @@
 
 #include <algorithm>
 
+namespace
+{
+
+constexpr int smallestPeriod = 4;
+constexpr int largestPeriod = 64;
+
+} // namespace
+
 QImage imageOfFrame(const Surface& frame)
 {
     const std::span<const Pixel> pixels = frame.pixels();
@@ -14,13 +22,14 @@ QImage imageOfFrame(const Surface& frame)
                   QImage::Format_ARGB32_Premultiplied); // opaque or nothing at all: premultiplied either way
 }
 
-void drawCheckerboard(QPainter& painter, const QRect& area, int side)
+void drawCheckerboard(QPainter& painter, const QRect& area, int period)
 {
-    QImage tile(2 * side, 2 * side, QImage::Format_RGB32);
+    QImage tile(period, period, QImage::Format_RGB32);
     tile.fill(0xfffdfdfd);
     QPainter tilePainter(&tile);
-    for (const int at : {0, side})
-        tilePainter.fillRect(at, at, side, side, QColor(0xcf, 0xd6, 0xe2));
+    const QRect first(0, 0, period / 2, period / 2);
+    for (const QRect& square : {first, QRect(first.bottomRight() + QPoint(1, 1), tile.rect().bottomRight())})
+        tilePainter.fillRect(square, QColor(0xcf, 0xd6, 0xe2));
     tilePainter.end();
     QBrush brush(tile);
     painter.save();
@@ -32,14 +41,15 @@ void drawCheckerboard(QPainter& painter, const QRect& area, int side)
 void drawFrame(QPainter& painter, const QRect& area, const Surface& frame)
 {
     const int zoom = std::max(1, area.width() / std::max(1, frame.width()));
-    drawCheckerboard(painter, area, std::clamp(zoom / 2, 2, 16));
+    // The same squares on every pixel, so that they stay in step with the grid between them.
+    drawCheckerboard(painter, area, zoom <= largestPeriod ? std::max(zoom, smallestPeriod) : largestPeriod);
     painter.drawImage(area, imageOfFrame(frame));
 }
 
 void drawColour(QPainter& painter, const QRect& area, Pixel colour)
 {
     if (colour == transparent)
-        drawCheckerboard(painter, area, 6);
+        drawCheckerboard(painter, area, 12);
     else
         painter.fillRect(area, QColor::fromRgb(colour));
 }

@@ -13,8 +13,8 @@ class QPainter;
 /// The pixels of a frame as an image with transparency, without a copy; the frame must outlive it.
 QImage imageOfFrame(const Surface& frame);
 
-/// Fills `area` with a checkerboard of squares of `side` pixels.
-void drawCheckerboard(QPainter& painter, const QRect& area, int side);
+/// Fills `area` with a checkerboard that repeats itself every `period` pixels.
+void drawCheckerboard(QPainter& painter, const QRect& area, int period);
 
 /// Draws a frame over `area`, see-through pixels as a checkerboard.
 void drawFrame(QPainter& painter, const QRect& area, const Surface& frame);
