@@ -170,6 +170,20 @@ std::string toUtf8(const QString& text)
     return text.toStdString();
 }
 
+QString withoutEndlessLines(const QString& text)
+{
+    constexpr qsizetype longest = 3000;
+    QString cut;
+    for (const QStringView line : QStringView(text).split(u'\n')) {
+        cut += line.left(longest);
+        if (line.size() > longest)
+            cut += QStringLiteral("...");
+        cut += u'\n';
+    }
+    cut.chop(1);
+    return cut;
+}
+
 QIcon icon(const char* name)
 {
     loadIcons();

@@ -23,6 +23,10 @@ namespace forms
 QString fromUtf8(std::string_view text);
 std::string toUtf8(const QString& text);
 
+/// The text with its endless lines cut: messages quote whatever a program holds, and laying a megabyte out
+/// takes minutes.
+QString withoutEndlessLines(const QString& text);
+
 /// The icon assets/ui/<name>.svg, crisp at every scale.
 QIcon icon(const char* name);
 

@@ -26,6 +26,7 @@ QString productTitle()
 QString shownText(QString text)
 {
     text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    text = forms::withoutEndlessLines(text); // what follows a long line, such as its number, is to be seen
     if (text.size() > longestMessage)
         text = text.left(longestMessage) + QStringLiteral("...");
     return text;

@@ -379,6 +379,7 @@ void GameEditor::endRun()
         return;
     }
     m_closing = Closing::Done;
+    QWidget::setEnabled(false); // a click that is still on its way comes too late
     m_haltMeAgain->stop();
     m_codeEditor->closeForGood();
     m_parseError->close();

@@ -4,9 +4,16 @@
 
 #include <algorithm>
 
+namespace
+{
+
+constexpr std::size_t longestLine = 100'000; // 500 lines of a megabyte would fill the memory
+
+} // namespace
+
 void HistoryModel::append(std::string_view line)
 {
-    m_ring[static_cast<std::size_t>(m_next)].assign(line);
+    m_ring[static_cast<std::size_t>(m_next)].assign(line.substr(0, longestLine));
     m_next = (m_next + 1) % limit;
     m_waiting = std::min(m_waiting + 1, limit);
 }

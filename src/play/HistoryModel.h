@@ -7,8 +7,9 @@
 #include <string>
 #include <string_view>
 
-/// The last 500 lines of a run's history. Lines arrive far faster than anybody can read: they wait in a ring
-/// of reused texts, and only publish() turns what is still left of them into rows.
+/// The last 500 lines of a run's history, each kept up to a length that no program comes near. Lines arrive
+/// far faster than anybody can read: they wait in a ring of reused texts, and only publish() turns what is
+/// still left of them into rows.
 class HistoryModel : public QAbstractListModel
 {
     Q_OBJECT

@@ -40,7 +40,7 @@ void ParseError::close()
 
 void ParseError::show(std::string_view text)
 {
-    m_errorText->setPlainText(forms::fromUtf8(text));
+    m_errorText->setPlainText(forms::withoutEndlessLines(forms::fromUtf8(text)));
     Q_EMIT aboutToShow();
     forms::bringUp(*this);
 }

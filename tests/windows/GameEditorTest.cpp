@@ -425,6 +425,13 @@ TEST_F(Workshop, AsksBeforeItThrowsTheTextAway)
     }());
 }
 
+TEST_F(Workshop, TakesNoClickAnyMoreOnceItIsClosed)
+{
+    close();
+    click(u"PlayButton"); // it waited in the queue and comes before the window is gone
+    EXPECT_FALSE(running());
+}
+
 /// How far a run has come when the game editor is closed.
 enum class Reached { Nothing, Run, Wait, Stop, Error };
 

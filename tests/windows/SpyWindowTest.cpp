@@ -187,6 +187,19 @@ TEST_F(Spy, TakesLinesFasterThanARunWritesThem)
     EXPECT_LT(clock.elapsed(), 1000);
 }
 
+TEST_F(Spy, IsNotHeldUpByEndlessLines)
+{
+    const std::string endless = "0012 set text$a \"" + std::string(1'000'000, 'x');
+    QElapsedTimer clock;
+    clock.start();
+    for (int i = 0; i < 600; ++i)
+        spy.addHistoryLine(endless);
+    spy.setVariables({endless});
+    settle();
+    spy.grab();
+    EXPECT_LT(clock.elapsed(), 2000);
+}
+
 TEST(ParseErrorWindow, FillsItselfWithTheTextAndGoesToTheLine)
 {
     ZB module;
@@ -204,6 +217,9 @@ TEST(ParseErrorWindow, FillsItselfWithTheTextAndGoesToTheLine)
     EXPECT_EQ(code.calls, QStringLiteral("4,1 show focus"));
     window.close();
     EXPECT_FALSE(window.isVisible());
+
+    window.show("No.\r\n\r\n   " + std::string(1'000'000, 'x') + "\r\n\r\n(line 4)"); // a hang would time out
+    EXPECT_TRUE(text->toPlainText().endsWith(QStringLiteral("xxx...\n\n(line 4)")));
 }
 
 } // namespace
