@@ -342,6 +342,8 @@ QWidget* SpriteEditor::makeFrames()
     m_stripArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     m_stripArea->setFixedHeight(m_strip->height() + m_stripArea->horizontalScrollBar()->sizeHint().height() +
                                 4);
+    connect(m_stripArea->horizontalScrollBar(), &QScrollBar::rangeChanged, this,
+            &SpriteEditor::showCurrentOnStrip); // also when the window becomes smaller
     layout->addWidget(m_stripArea);
     return panel;
 }
@@ -621,12 +623,17 @@ void SpriteEditor::placeCurrentFrame()
     m_currentFrame->setGeometry(fitFrame(m_stage->rect(), size.width, size.height));
 }
 
+void SpriteEditor::showCurrentOnStrip()
+{
+    const QRect current = m_strip->frameRect(m_model.currentIndex());
+    m_stripArea->ensureVisible(current.center().x(), current.center().y(), current.width(), 0);
+}
+
 void SpriteEditor::refresh()
 {
     placeCurrentFrame();
     m_strip->refresh();
-    const QRect current = m_strip->frameRect(m_model.currentIndex());
-    m_stripArea->ensureVisible(current.center().x(), current.center().y(), current.width(), 0);
+    showCurrentOnStrip();
     const QSignalBlocker blockKind(m_kind);
     const QSignalBlocker blockWidth(m_width);
     const QSignalBlocker blockHeight(m_height);

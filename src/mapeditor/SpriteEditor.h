@@ -85,6 +85,7 @@ private:
     void refreshPixels();
     void refreshState();
     void placeCurrentFrame();
+    void showCurrentOnStrip();
     void preview_Timer();
     void updatePreviewTimer();
     void showPosition(int x, int y);

@@ -258,6 +258,14 @@ TEST_F(SpriteEditorTest, HandlesFramesOnTheStrip)
     run("DeleteFrame");
     EXPECT_EQ(model().frameCount(), 2);
     EXPECT_EQ(drawn(), 0);
+    for (int frames = 0; frames < 30; ++frames)
+        run("AddFrame");
+    for (const int width : {1500, 900}) {
+        editor->resize(width, 720);
+        QCoreApplication::processEvents();
+        const QRect current = strip.frameRect(model().currentIndex());
+        EXPECT_TRUE(strip.visibleRegion().boundingRect().contains(current)) << width;
+    }
 }
 
 TEST_F(SpriteEditorTest, PlaysAnAnimationAtTheSpeedOfTheGame)
