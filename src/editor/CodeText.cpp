@@ -110,7 +110,7 @@ int lineNumberFrom(const QString& typed)
 {
     bool isNumber = false;
     const double number = QLocale::c().toDouble(typed.trimmed(), &isNumber);
-    return isNumber && !std::isnan(number) ? roundToInt(number) : 0;
+    return isNumber && std::isfinite(number) ? roundToInt(number) : 0;
 }
 
 QStringView statementWord(QStringView line)

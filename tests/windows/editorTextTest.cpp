@@ -281,7 +281,7 @@ TEST(CodeText, ReadsLineNumbersAndWords)
         int line;
     } const numbers[] = {
         {"12", 12}, {"12.7", 13}, {" 3 ", 3},   {"2.5", 2}, {"-4", -4},
-        {"", 0},    {"abc", 0},   {"12abc", 0}, {"nan", 0},
+        {"", 0},    {"abc", 0},   {"12abc", 0}, {"nan", 0}, {"inf", 0},
     };
     for (const auto& row : numbers)
         EXPECT_EQ(CodeText::lineNumberFrom(fromLatin(row.typed)), row.line) << row.typed;
