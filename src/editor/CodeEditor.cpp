@@ -414,6 +414,8 @@ void CodeEditor::PrintButton_Click()
     m_winCode.documentName = title.empty() ? fileNamePart(m_FileName) : forms::fromUtf8(title);
     if (m_isBusy || !m_winCode.PrintDialog(this) || self.isNull())
         return;
+    if (m_MinibufferMode != MinibufferMode::Closed)
+        CloseMinibuffer(); // the caption that tells what it asks is about to go
     bool isPrinted = false;
     {
         const Busy busy(*this);
