@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QWindow>
 
 #include <gtest/gtest.h>
 
@@ -94,6 +95,16 @@ TEST_F(WholeProgram, GoesFromTheLibraryToTheGameEditorAndBack)
     EXPECT_EQ(in<QScrollBar>("ZorbinoMain", "scrollbar")->maximum(), 2);
     EXPECT_FALSE(in<QWidget>("ZorbinoMain", "ActionWindow")->isVisible());
     EXPECT_EQ(progress(), "ZorbinoMain.Work_click: unloaded ZorbinoMain");
+}
+
+TEST_F(WholeProgram, ShowsAParseErrorAboveTheCodeEditor)
+{
+    folder.write("games/00000001/code.txt", "program{\r\n");
+    workOnFirstGame();
+    click("GameEditor", "PlayButton");
+    EXPECT_EQ(window("ParseError")->windowHandle()->transientParent(), window("CodeEditor")->windowHandle());
+    window("GameEditor")->close();
+    EXPECT_TRUE(shown("ParseError").isEmpty());
 }
 
 TEST_F(WholeProgram, StaysUsableWhenTheGameIsDeletedMeanwhile)
