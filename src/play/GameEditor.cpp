@@ -265,6 +265,7 @@ void GameEditor::PlayButton_Click()
 {
     if (m_interpreter->context().InterpreterRunning()) {
         m_interpreter->ResumeGame();
+        m_gameWindow.activateWindow(); // the keys are for the game again, as after its start
         return;
     }
     // Starting lets window events in: a second click must not start a second run, nor one in the middle of a

@@ -165,9 +165,11 @@ TEST_F(Workshop, SwitchesItsButtonsWithTheRun)
         co_await waits();
         EXPECT_EQ(enabled(), QStringLiteral("P=>#---s"));
         EXPECT_EQ(playButton->toolTip(), QStringLiteral("Resume normal running"));
+        editor->activateWindow();
         click(u"PlayButton");
         EXPECT_EQ(enabled(), QLatin1String(runs));
         EXPECT_TRUE(co_await goesOn());
+        EXPECT_TRUE(find<GameWindow>(u"GameWindow")->isActiveWindow()) << "keys go to the game";
         click(u"StopButton");
         EXPECT_EQ(enabled(), QLatin1String(stopped));
         EXPECT_FALSE(gameIsSeen());
