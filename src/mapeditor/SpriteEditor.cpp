@@ -13,6 +13,7 @@
 #include <QActionGroup>
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -342,6 +343,7 @@ QWidget* SpriteEditor::makeFrames()
     m_stripArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     m_stripArea->setFixedHeight(m_strip->height() + m_stripArea->horizontalScrollBar()->sizeHint().height() +
                                 4);
+    m_stripArea->viewport()->installEventFilter(this);
     connect(m_stripArea->horizontalScrollBar(), &QScrollBar::rangeChanged, this,
             &SpriteEditor::showCurrentOnStrip); // also when the window becomes smaller
     layout->addWidget(m_stripArea);
@@ -609,6 +611,11 @@ bool SpriteEditor::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == m_stage && event->type() == QEvent::Resize)
         placeCurrentFrame();
+    if (m_stripArea != nullptr && watched == m_stripArea->viewport() && event->type() == QEvent::Wheel) {
+        QCoreApplication::sendEvent(m_stripArea->horizontalScrollBar(),
+                                    event); // a usual wheel turns up and down
+        return true;
+    }
     if ((watched == m_width || watched == m_height) && event->type() == QEvent::ShortcutOverride &&
         static_cast<QKeyEvent*>(event)->matches(QKeySequence::Undo)) {
         event->ignore(); // it means the last change of the sprite, also while the box has the focus

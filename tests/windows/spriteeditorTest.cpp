@@ -12,6 +12,7 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QSpinBox>
+#include <QWheelEvent>
 
 #include <gtest/gtest.h>
 
@@ -266,6 +267,12 @@ TEST_F(SpriteEditorTest, HandlesFramesOnTheStrip)
         const QRect current = strip.frameRect(model().currentIndex());
         EXPECT_TRUE(strip.visibleRegion().boundingRect().contains(current)) << width;
     }
+    for (int turn = 0; turn < 30; ++turn) {
+        QWheelEvent up(QPointF(5, 5), strip.mapToGlobal(QPointF(5, 5)), {}, {0, 120}, {}, {},
+                       Qt::NoScrollPhase, false);
+        QApplication::sendEvent(strip.parentWidget(), &up);
+    }
+    EXPECT_TRUE(strip.visibleRegion().boundingRect().contains(strip.frameRect(0)));
 }
 
 TEST_F(SpriteEditorTest, PlaysAnAnimationAtTheSpeedOfTheGame)
