@@ -292,15 +292,22 @@ TEST_F(Workshop, LeavesNothingOfARunToTheNext)
 TEST_F(Workshop, ComesBackToTheLineOfAnError)
 {
     perform([this]() -> Script {
+        const ZB& module = editor->interpreter().module();
         desk.code.program = failingGame;
+        desk.code.hide(); // an error brings it up
         click(u"PlayButton");
         EXPECT_TRUE(co_await boxIsSeen());
         answerBox(Qt::Key_Escape);
         EXPECT_TRUE(co_await stops());
-        EXPECT_EQ(desk.code.cursorLine, 11);
+        EXPECT_TRUE(desk.code.isVisible());
+        EXPECT_EQ(desk.code.moves, QStringLiteral("16,1 6,1 11,1 focus")) << "with some lines around";
+        EXPECT_EQ(module.ErrorLine, 11);
+        EXPECT_EQ(module.ErrorText, "You used change on a counter you have not set yet!");
 
         desk.code.program = "program{\r\nnonsense";
         click(u"PlayButton");
+        EXPECT_EQ(module.ErrorLine, 1);
+        EXPECT_TRUE(module.ErrorText.ends_with("\r\n\r\n   program{\r\n\r\n(line 1)")) << module.ErrorText;
         auto* parseError = find<ParseError>(u"ParseError");
         EXPECT_TRUE(parseError->isVisible());
         EXPECT_FALSE(running());
@@ -308,6 +315,8 @@ TEST_F(Workshop, ComesBackToTheLineOfAnError)
         click(u"PlayButton");
         EXPECT_TRUE(co_await played());
         EXPECT_FALSE(parseError->isVisible());
+        EXPECT_EQ(module.ErrorLine, 0);
+        EXPECT_TRUE(module.ErrorText.empty());
     }());
 }
 

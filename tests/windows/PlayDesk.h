@@ -12,8 +12,11 @@ public:
     bool isVisible() const override { return visible; }
     void hide() override { visible = false; }
     void show() override { visible = true; }
-    void SetCursorPos(int line, int /*column*/, bool /*wrap*/) override { cursorLine = line; }
-    void focusText() override {}
+    void SetCursorPos(int line, int column, bool wrap) override
+    {
+        moves += QStringLiteral("%1,%2%3 ").arg(line).arg(column).arg(wrap ? u" wrap" : u"");
+    }
+    void focusText() override { moves += QStringLiteral("focus"); }
     bool LoadFile(const QString& productPath) override
     {
         loaded = productPath;
@@ -32,7 +35,7 @@ public:
 
     std::string program;
     QString loaded;
-    int cursorLine = 0;
+    QString moves;
     int saves = 0;
     bool saveWorks = true;
     bool visible = false;
