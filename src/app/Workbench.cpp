@@ -7,8 +7,8 @@
 #include "library/Tracker.h"
 #include "library/ZorbinoMain.h"
 #include "mapeditor/MapEditor.h"
-#include "mapeditor/SpriteEditor.h"
 #include "play/GameEditor.h"
+#include "play/SpriteEditor.h"
 #include "runtime/GameFolders.h"
 
 #include <QCoreApplication>

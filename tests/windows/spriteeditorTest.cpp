@@ -1,11 +1,11 @@
 #include "PaintingDesk.h"
 
 #include "forms/Forms.h"
-#include "mapeditor/ColourPlate.h"
-#include "mapeditor/PaletteView.h"
-#include "mapeditor/SpriteEditor.h"
-#include "mapeditor/StripView.h"
 #include "platform/TextFile.h"
+#include "play/ColourPlate.h"
+#include "play/PaletteView.h"
+#include "play/SpriteEditor.h"
+#include "play/StripView.h"
 
 #include <QAction>
 #include <QComboBox>

@@ -1,5 +1,5 @@
-#include "mapeditor/SpriteModel.h"
-#include "mapeditor/SpriteFiles.h"
+#include "play/SpriteModel.h"
+#include "play/SpriteFiles.h"
 
 #include <gtest/gtest.h>
 

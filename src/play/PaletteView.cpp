@@ -1,7 +1,7 @@
-#include "mapeditor/PaletteView.h"
+#include "play/PaletteView.h"
 
-#include "mapeditor/FramePainting.h"
-#include "mapeditor/SpriteModel.h"
+#include "play/FramePainting.h"
+#include "play/SpriteModel.h"
 
 #include <QHelpEvent>
 #include <QKeyEvent>

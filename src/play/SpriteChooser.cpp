@@ -1,9 +1,9 @@
-#include "mapeditor/SpriteChooser.h"
+#include "play/SpriteChooser.h"
 
 #include "forms/Forms.h"
-#include "mapeditor/FramePainting.h"
-#include "mapeditor/SpriteFiles.h"
-#include "mapeditor/SpriteModel.h"
+#include "play/FramePainting.h"
+#include "play/SpriteFiles.h"
+#include "play/SpriteModel.h"
 
 #include <QDialog>
 #include <QDialogButtonBox>

@@ -1,7 +1,7 @@
-#include "mapeditor/ColourPlate.h"
+#include "play/ColourPlate.h"
 
-#include "mapeditor/FramePainting.h"
-#include "mapeditor/SpriteModel.h"
+#include "play/FramePainting.h"
+#include "play/SpriteModel.h"
 
 #include <QPainter>
 #include <QPainterPath>

@@ -1,13 +1,13 @@
-#include "mapeditor/SpriteEditor.h"
+#include "play/SpriteEditor.h"
 
 #include "forms/Forms.h"
-#include "mapeditor/ColourPlate.h"
-#include "mapeditor/FramePainting.h"
-#include "mapeditor/FrameView.h"
-#include "mapeditor/PaletteView.h"
-#include "mapeditor/SpriteChooser.h"
-#include "mapeditor/SpriteFiles.h"
-#include "mapeditor/StripView.h"
+#include "play/ColourPlate.h"
+#include "play/FramePainting.h"
+#include "play/FrameView.h"
+#include "play/PaletteView.h"
+#include "play/SpriteChooser.h"
+#include "play/SpriteFiles.h"
+#include "play/StripView.h"
 
 #include <QAction>
 #include <QActionGroup>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "forms/Desk.h"
-#include "mapeditor/SpriteModel.h"
+#include "play/SpriteModel.h"
 
 #include <QMainWindow>
 

@@ -1,10 +1,10 @@
-#include "mapeditor/SpriteFiles.h"
+#include "play/SpriteFiles.h"
 
-#include "mapeditor/BitmapFile.h"
-#include "mapeditor/SpriteModel.h"
 #include "platform/NaturalOrder.h"
 #include "platform/NumberText.h"
 #include "platform/TextFile.h"
+#include "play/BitmapFile.h"
+#include "play/SpriteModel.h"
 
 #include <algorithm>
 

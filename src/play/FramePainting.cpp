@@ -1,6 +1,6 @@
-#include "mapeditor/FramePainting.h"
+#include "play/FramePainting.h"
 
-#include "mapeditor/SpriteModel.h"
+#include "play/SpriteModel.h"
 
 #include <QPainter>
 

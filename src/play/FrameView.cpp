@@ -1,6 +1,6 @@
-#include "mapeditor/FrameView.h"
+#include "play/FrameView.h"
 
-#include "mapeditor/FramePainting.h"
+#include "play/FramePainting.h"
 
 #include <QContextMenuEvent>
 #include <QKeyEvent>

@@ -1,4 +1,4 @@
-#include "mapeditor/SpriteModel.h"
+#include "play/SpriteModel.h"
 
 #include <algorithm>
 #include <cstdlib>

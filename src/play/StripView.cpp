@@ -1,7 +1,7 @@
-#include "mapeditor/StripView.h"
+#include "play/StripView.h"
 
-#include "mapeditor/FramePainting.h"
-#include "mapeditor/SpriteModel.h"
+#include "play/FramePainting.h"
+#include "play/SpriteModel.h"
 
 #include <QApplication>
 #include <QKeyEvent>

@@ -1,4 +1,4 @@
-#include "mapeditor/BitmapFile.h"
+#include "play/BitmapFile.h"
 
 namespace
 {
