@@ -39,6 +39,16 @@ std::string below(const QString& name)
     return "games\\" + forms::toUtf8(name);
 }
 
+/// Whether a file of a game's that holds something else has this name: a map in its place would cost the
+/// child's work.
+bool isNoMap(const QString& name)
+{
+    const QString file = name.mid(name.lastIndexOf(u'\\') + 1).toLower();
+    static const QStringList others = {u"code.txt"_s, u"prop.zbo"_s};
+    static const QStringList otherKinds = {u"spr"_s, u"spb"_s, u"bmp"_s, u"gif"_s, u"jpg"_s, u"jpeg"_s};
+    return others.contains(file) || otherKinds.contains(file.mid(file.lastIndexOf(u'.') + 1));
+}
+
 /// The square that covers pixel `at` of `extent`.
 int squareAt(int at, int count, int extent)
 {
@@ -459,6 +469,11 @@ void MapEditor::FileSave_Click()
         m_fileName);
     if (!name)
         return;
+    if (isNoMap(*name) && m_desk.installation().isFile(below(*name))) {
+        forms::tell(
+            this, u"The file %1 of your game is not a map. Please give your map another name."_s.arg(*name));
+        return;
+    }
     if (!m_desk.installation().write(below(*name), m_map.toText())) {
         forms::tell(
             this,

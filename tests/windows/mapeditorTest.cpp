@@ -211,6 +211,11 @@ TEST_F(MapEditorTest, SavesAndOpensMaps)
     EXPECT_EQ(withAnswers({u"00000001\\castle"_s, u"OK"_s}, save),
               QStringList({u"Save as...: "_s, u"Zorbino: 00000001\\castle saved."_s}));
     EXPECT_FALSE(isUnsaved());
+    writeFile("code.txt", "program{");
+    EXPECT_EQ(
+        withAnswers({u"00000001\\Code.txt"_s, u"OK"_s}, save).value(1),
+        u"Zorbino: The file 00000001\\Code.txt of your game is not a map. Please give your map another name."_s);
+    EXPECT_EQ(readFileBytes(desk.game() / "code.txt", 100000), "program{");
     ZBMap onDisk;
     ASSERT_TRUE(onDisk.fromText(readFileBytes(desk.game() / "castle", 100000).value_or("")));
     EXPECT_EQ(onDisk.get_legend(6), "magic door");
