@@ -384,6 +384,80 @@ TEST_F(Workshop, PassesKeysOnAndLetsGoOfThem)
     }());
 }
 
+struct KeyStroke {
+    enum { Down, Up } way;
+    quint64 time;
+    quint32 place;
+    int key;
+};
+
+TEST(GameDisplay, HoldsAKeyThroughItsRepetitionsAndThroughAFrame)
+{
+    constexpr auto down = KeyStroke::Down;
+    constexpr auto up = KeyStroke::Up;
+    struct Row {
+        const char* what;
+        std::vector<KeyStroke> strokes;
+        QString atOnce;
+        QString soon;  ///< before the next frame
+        QString later; ///< when a frame has passed
+    };
+    const Row rows[] = {
+        {"unmarked repetitions",
+         {{down, 100, 113, Qt::Key_Left},
+          {up, 700, 113, Qt::Key_Left},
+          {down, 700, 113, Qt::Key_Left},
+          {up, 740, 113, Qt::Key_Left},
+          {down, 740, 113, Qt::Key_Left}},
+         QStringLiteral("+37"),
+         QStringLiteral("+37"),
+         QStringLiteral("+37")},
+        {"held and let go",
+         {{down, 100, 113, Qt::Key_Left}, {up, 700, 113, Qt::Key_Left}},
+         QStringLiteral("+37"),
+         QStringLiteral("+37-37"),
+         QStringLiteral("+37-37")},
+        {"a quick tap",
+         {{down, 100, 113, Qt::Key_Left}, {up, 101, 113, Qt::Key_Left}},
+         QStringLiteral("+37"),
+         QStringLiteral("+37"),
+         QStringLiteral("+37-37")},
+        {"another key comes between",
+         {{down, 100, 113, Qt::Key_Left},
+          {down, 300, 114, Qt::Key_Right},
+          {up, 700, 113, Qt::Key_Left},
+          {up, 700, 114, Qt::Key_Right},
+          {down, 700, 114, Qt::Key_Right}},
+         QStringLiteral("+37+39"),
+         QStringLiteral("+37+39-37"),
+         QStringLiteral("+37+39-37")},
+        {"no keyboard's key",
+         {{down, 100, 0, Qt::Key_Left}, {up, 101, 0, Qt::Key_Left}},
+         QStringLiteral("+37-37"),
+         QStringLiteral("+37-37"),
+         QStringLiteral("+37-37")},
+    };
+    for (const Row& row : rows) {
+        GameDisplay display;
+        QString seen;
+        QObject::connect(&display, &GameDisplay::keyDown,
+                         [&](int code) { seen += QStringLiteral("+%1").arg(code); });
+        QObject::connect(&display, &GameDisplay::keyUp,
+                         [&](int code) { seen += QStringLiteral("-%1").arg(code); });
+        for (const KeyStroke& stroke : row.strokes) {
+            QKeyEvent event(stroke.way == down ? QEvent::KeyPress : QEvent::KeyRelease, stroke.key,
+                            Qt::NoModifier, stroke.place, 0, 0);
+            event.setTimestamp(stroke.time);
+            QApplication::sendEvent(&display, &event);
+        }
+        EXPECT_EQ(seen, row.atOnce) << row.what;
+        QTest::qWait(12);
+        EXPECT_EQ(seen, row.soon) << row.what;
+        QTest::qWait(60);
+        EXPECT_EQ(seen, row.later) << row.what;
+    }
+}
+
 TEST_F(Workshop, EndsUpStoppedAfterAStormOfClicks)
 {
     perform([this]() -> Script {
