@@ -75,6 +75,7 @@ QPushButton:pressed, QToolButton:pressed, QPushButton:checked, QToolButton:check
 }
 QPushButton:focus, QToolButton:focus { border-color: @accent; }
 QPushButton:disabled, QToolButton:disabled { border-color: @faint; background: transparent; }
+EditorBars QToolButton { padding: 5px 4px; } /* the code editor is to fit beside the game editor */
 QToolBar QToolButton { padding: 3px; border-radius: 7px; }
 QFileDialog QToolButton { padding: 2px; border-radius: 5px; } /* small ones: more leaves no room for the icon */
 QToolBar QToolButton:!hover:!pressed:!checked:!focus { border-color: transparent; background: transparent; }

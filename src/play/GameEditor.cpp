@@ -6,8 +6,10 @@
 
 #include <QCheckBox>
 #include <QCloseEvent>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPointer>
 #include <QRandomGenerator>
 #include <QScopedValueRollback>
 #include <QScreen>
@@ -85,13 +87,21 @@ void GameEditor::Form_Load()
     m_gameWindow.attach(*m_interpreter);
     connect(&m_gameWindow, &GameWindow::aboutToShow, this, [this] { place(m_gameWindow, Where::Below); });
     connect(m_parseError.get(), &ParseError::aboutToShow, this, [this] {
-        place(*m_parseError, Where::Below);
+        const QWidget* code = m_codeEditor->widget();
+        place(*m_parseError,
+              code != nullptr && code->y() > geometry().bottom() ? Where::Right : Where::Below);
         // The code editor comes up too, perhaps as large as the screen: the message stays above it.
-        if (const QWidget* code = m_codeEditor->widget()) {
+        if (code != nullptr) {
             m_parseError->winId(); // makes its handle
             m_parseError->windowHandle()->setTransientParent(code->windowHandle());
         }
     });
+    // The desktop forgets that the two belong together when the code editor is hidden for a run.
+    connect(qGuiApp, &QGuiApplication::focusWindowChanged, m_parseError.get(),
+            [message = m_parseError.get(), code = QPointer(m_codeEditor->widget())](const QWindow* focused) {
+                if (code && focused != nullptr && focused == code->windowHandle() && message->isVisible())
+                    message->raise();
+            });
     connect(m_spy.get(), &SpyWindow::traceBoxesChanged, this,
             [this] { m_interpreter->setTraceBoxes(m_spy->traceBoxes()); });
     m_desk.LogProgress(QStringLiteral("GameEditor.Form_Load: loading source code"));
@@ -197,14 +207,22 @@ void GameEditor::place(QWidget& window, Where where) const
     const QRect editor = geometry();
     if (window.layout() != nullptr)
         window.layout()->activate();
+    const QPoint beyond(editor.right() + 2 * margin, editor.bottom() + titleBar + margin);
+    const QPoint room = free.bottomRight() - beyond - QPoint(margin, titleBar);
+    const int lowest = free.height() - titleBar - margin;
+    if (window.height() > lowest && window.minimumSizeHint().height() <= lowest)
+        window.resize(window.width(), lowest);
+    if (where == Where::Right && room.x() >= window.minimumSizeHint().width()) {
+        window.resize(std::min(window.width(), room.x()), window.height());
+    } else if (where == Where::Right && room.y() >= window.height() * 3 / 5) {
+        window.resize(window.width(), std::min(window.height(), room.y())); // rather lower than half covered
+        where = Where::Below;
+    }
     QPoint corner = free.topLeft() + QPoint(margin, margin);
     if (where == Where::Right)
-        corner.setX(editor.right() + 2 * margin);
+        corner.setX(beyond.x());
     if (where == Where::Below)
-        corner.setY(editor.bottom() + titleBar + margin);
-    const int room = free.right() - corner.x() - margin;
-    if (where == Where::Right && room >= window.minimumSizeHint().width())
-        window.resize(std::min(window.width(), room), window.height());
+        corner.setY(beyond.y());
     const int right = std::max(free.left(), free.right() - window.width() - margin);
     const int bottom = std::max(free.top(), free.bottom() - window.height() - titleBar);
     window.move(std::min(corner.x(), right), std::min(corner.y(), bottom));
