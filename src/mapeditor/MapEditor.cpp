@@ -17,10 +17,12 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QStatusBar>
 #include <QToolBar>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <cmath>
 
 namespace
@@ -88,7 +90,10 @@ MapEditor::MapEditor(Desk& desk)
     connect(m_display, &MapDisplay::mouseMove, this, &MapEditor::Display_MouseMove);
     connect(m_display, &MapDisplay::mouseUp, this, &MapEditor::Display_MouseUp);
     connect(m_display, &MapDisplay::mouseLeft, m_canvas, [this] { m_canvas->setMarked(-1, -1); });
-    resize(sizeHint()); // the display as large as in the game, also on a small screen
+    // The display as large as in the game, but no lower edge out of reach on a small screen.
+    constexpr int titleBar = 48;
+    const QSize usual = sizeHint();
+    resize(usual.width(), std::min(usual.height(), screen()->availableGeometry().height() - titleBar));
     Form_Load();
 }
 

@@ -16,8 +16,6 @@
 namespace
 {
 
-constexpr int cell = 28;
-
 // clang-format off
 constexpr std::array<Pixel, PaletteView::columns * PaletteView::rows> colours = {
     transparent, 0xffffffff, 0xffd9d9d9, 0xffa0a0a0, 0xff606060, 0xff000000,
@@ -32,11 +30,6 @@ constexpr std::array<Pixel, PaletteView::columns * PaletteView::rows> colours = 
 };
 // clang-format on
 
-QRect cellRect(int index)
-{
-    return {index % PaletteView::columns * cell, index / PaletteView::columns * cell, cell, cell};
-}
-
 int indexOf(Pixel colour)
 {
     const auto place = std::find(colours.begin(), colours.end(), colour);
@@ -45,14 +38,20 @@ int indexOf(Pixel colour)
 
 } // namespace
 
-PaletteView::PaletteView(QWidget* parent)
+PaletteView::PaletteView(int cell, QWidget* parent)
     : QWidget(parent)
+    , m_cell(cell)
 {
     setObjectName(QStringLiteral("Palettep"));
     setAccessibleName(QStringLiteral("Colors"));
     setFixedSize(columns * cell, rows * cell);
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::PointingHandCursor);
+}
+
+QRect PaletteView::cellRect(int index) const
+{
+    return {index % columns * m_cell, index / columns * m_cell, m_cell, m_cell};
 }
 
 Pixel PaletteView::colour(int index)
@@ -92,7 +91,7 @@ int PaletteView::indexAt(const QPointF& position) const
 {
     const QPoint point(static_cast<int>(std::floor(position.x())),
                        static_cast<int>(std::floor(position.y())));
-    return rect().contains(point) ? point.y() / cell * columns + point.x() / cell : -1;
+    return rect().contains(point) ? point.y() / m_cell * columns + point.x() / m_cell : -1;
 }
 
 void PaletteView::mousePressEvent(QMouseEvent* event)

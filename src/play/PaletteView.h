@@ -13,7 +13,7 @@ public:
     static constexpr int columns = 6;
     static constexpr int rows = 9;
 
-    explicit PaletteView(QWidget* parent = nullptr);
+    explicit PaletteView(int cell, QWidget* parent = nullptr);
     /// The colour in use gets a frame where it is one of the palette's.
     void showChosen(Pixel colour);
     static Pixel colour(int index);
@@ -29,7 +29,9 @@ protected:
     bool event(QEvent* event) override;
 
 private:
+    QRect cellRect(int index) const;
     int indexAt(const QPointF& position) const;
 
+    int m_cell; ///< side of the square of a colour
     Pixel m_chosen = black;
 };

@@ -39,7 +39,25 @@ namespace
 
 using namespace Qt::StringLiterals;
 
-constexpr int previewSide = 128;
+constexpr int titleBar = 48;
+constexpr int lowScreen = 740; // the window with its title bar needs this much
+
+/// What gives way on a low screen, so that the strip of frames stays on it.
+struct Sizes {
+    Qt::ToolBarArea tools;
+    int toolIcon;
+    int colour;
+    int stage;
+    int preview;
+};
+constexpr Sizes usualSizes = {Qt::TopToolBarArea, 32, 28, 320, 128};
+constexpr Sizes lowSizes = {Qt::LeftToolBarArea, 24, 20, 280, 88};
+
+const Sizes& sizesOn(const QScreen& screen)
+{
+    return screen.availableGeometry().height() < lowScreen ? lowSizes : usualSizes;
+}
+
 constexpr int largestSpinSide = 256;
 constexpr int gameFramesPerTick = 3;       // a picture of an animation stays for three frames of the game
 constexpr int previewTick = 1000 * 3 / 30; // of which there are 30 in a second
@@ -145,7 +163,7 @@ SpriteEditor::SpriteEditor(Desk& desk, const QString& graphicName)
     connectModel();
     setTool(PencilTool);
     setSwatch(firstColour);
-    resize(960, std::min(736, screen()->availableGeometry().height() - 48)); // with a title bar above it
+    resize(QSize(960, 736).boundedTo(screen()->availableGeometry().size() - QSize(0, titleBar)));
     m_currentFrame->setFocus();
     Form_Load(graphicName);
 }
@@ -216,7 +234,8 @@ void SpriteEditor::makeToolbar()
     bar->setObjectName(u"Toolbar1"_s);
     bar->setMovable(false);
     bar->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
-    bar->setIconSize(QSize(32, 32));
+    const Sizes& sizes = sizesOn(*screen());
+    bar->setIconSize(QSize(sizes.toolIcon, sizes.toolIcon));
     for (const char* name : {"NewSprite", "OpenSprite", "SaveSprite", "", "Undo", "Redo", "", "PointerTool",
                              "PencilTool", "FillTool"}) {
         if (*name == '\0') {
@@ -230,7 +249,7 @@ void SpriteEditor::makeToolbar()
         button->setFocusPolicy(Qt::TabFocus);
         button->setMinimumWidth(64);
     }
-    addToolBar(bar);
+    addToolBar(sizes.tools, bar);
 }
 
 QWidget* SpriteEditor::makeColours()
@@ -241,7 +260,7 @@ QWidget* SpriteEditor::makeColours()
     layout->setSpacing(8);
     auto* const title = new QLabel(u"&Colors"_s, panel);
     m_swatch = new ColourPlate("Swatch", panel);
-    m_palette = new PaletteView(panel);
+    m_palette = new PaletteView(sizesOn(*screen()).colour, panel);
     title->setBuddy(m_palette);
     auto* const more = new QPushButton(u"&More..."_s, panel);
     forms::dressButton(*more, "MoreColours", "palette", u"Choose any color you like"_s);
@@ -258,7 +277,8 @@ QWidget* SpriteEditor::makeStage()
 {
     m_stage = new QWidget(this);
     m_stage->setObjectName(u"Stage"_s);
-    m_stage->setMinimumSize(320, 320);
+    const int side = sizesOn(*screen()).stage;
+    m_stage->setMinimumSize(side, side);
     m_stage->installEventFilter(this);
     m_currentFrame = new FrameView(m_stage);
     return m_stage;
@@ -275,7 +295,7 @@ QWidget* SpriteEditor::makeSide()
     m_preview = new QLabel(panel);
     m_preview->setObjectName(u"Preview"_s);
     m_preview->setAccessibleName(u"The sprite as it moves in the game"_s);
-    m_preview->setFixedSize(previewSide + 8, previewSide + 8);
+    m_preview->setFixedSize(sizesOn(*screen()).preview + 8, sizesOn(*screen()).preview + 8);
     m_preview->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
     m_preview->setAlignment(Qt::AlignCenter);
     layout->addWidget(previewTitle);
@@ -684,6 +704,7 @@ void SpriteEditor::preview_Timer()
 {
     m_previewFrame = m_previewTimer->isActive() ? m_previewFrame + gameFramesPerTick : 0;
     const Surface& frame = m_model.frame(m_model.previewIndex(m_previewFrame));
+    const int previewSide = m_preview->width() - 8;
     QPixmap picture(previewSide, previewSide);
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
