@@ -1,5 +1,0 @@
-if(ZB_WORKBENCH)
-    add_executable(editor_bench editor_bench.cpp)
-    target_include_directories(editor_bench PRIVATE ${CMAKE_SOURCE_DIR}/tests)
-    target_link_libraries(editor_bench PRIVATE zb_editor)
-endif()
