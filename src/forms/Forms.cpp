@@ -21,9 +21,7 @@
 // Outside every namespace: that is where the resource compiler puts its function.
 static void loadIcons()
 {
-#ifdef ZB_UI_ICONS
     Q_INIT_RESOURCE(ui);
-#endif
 }
 
 namespace
@@ -106,30 +104,6 @@ private:
     QString m_file;
 };
 
-/// A picture is missing: a soft tile with the first letter still tells the buttons apart.
-QIcon letterIcon(QChar letter)
-{
-    QIcon icon;
-    for (const int size : {24, 48}) {
-        QPixmap tile(size, size);
-        tile.fill(Qt::transparent);
-        QPainter painter(&tile);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(QColor(0x5b, 0x8d, 0xd6));
-        painter.drawRoundedRect(QRectF(1, 1, size - 2, size - 2), size / 5.0, size / 5.0);
-        QFont font = painter.font();
-        font.setPixelSize(size * 3 / 5);
-        font.setBold(true);
-        painter.setFont(font);
-        painter.setPen(Qt::white);
-        painter.drawText(tile.rect(), Qt::AlignCenter, letter.toUpper());
-        painter.end();
-        icon.addPixmap(tile);
-    }
-    return icon;
-}
-
 /// Takes Enter for a button that has the focus.
 class EnterPresses : public QObject
 {
@@ -188,9 +162,8 @@ QIcon icon(const char* name)
 {
     loadIcons();
     const QString file = drawingFile(name);
-    if (QFile::exists(file))
-        return QIcon(new DrawnIcon(file));
-    return letterIcon(QLatin1Char(*name == '\0' ? '?' : *name));
+    Q_ASSERT(QFile::exists(file));
+    return QIcon(new DrawnIcon(file));
 }
 
 void drawAhead(std::vector<const char*> names, QSize size)
@@ -235,16 +208,6 @@ void bringUp(QWidget& window)
     window.show();
     window.raise();
     window.activateWindow();
-}
-
-QImage viewOf(const Surface& surface)
-{
-    return viewOfSurface(surface);
-}
-
-Surface toSurface(const QImage& image)
-{
-    return surfaceOfImage(image);
 }
 
 PictureArea::PictureArea(const char* objectName, QWidget* parent)

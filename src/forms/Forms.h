@@ -4,7 +4,6 @@
 
 #include <QFont>
 #include <QIcon>
-#include <QImage>
 #include <QString>
 #include <QWidget>
 
@@ -61,10 +60,6 @@ std::optional<QString> askText(QWidget* parent, const QString& title, const QStr
                                const QString& start = QString());
 /// A box with all colours there are; nothing where it was cancelled.
 std::optional<Pixel> askColour(QWidget* parent, const QString& title, Pixel start);
-
-/// The pixels of a surface as an image, without a copy; the surface must outlive it.
-QImage viewOf(const Surface& surface);
-Surface toSurface(const QImage& image);
 
 /// A picture area: shows a surface that somebody else owns, at its top left corner, one pixel to one. The
 /// device pixel ratio is compensated by scaling, without smoothing.

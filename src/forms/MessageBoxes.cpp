@@ -1,7 +1,8 @@
 #include "forms/Forms.h"
 
+#include "runtime/ZB.h"
+
 #include <QAbstractButton>
-#include <QApplication>
 #include <QColorDialog>
 #include <QDialogButtonBox>
 #include <QInputDialog>
@@ -16,11 +17,6 @@ namespace
 {
 
 constexpr int longestMessage = 4000;
-
-QString productTitle()
-{
-    return QStringLiteral("Zorbino");
-}
 
 /// Messages may quote anything a program holds; a box must still fit on the screen.
 QString shownText(QString text)
@@ -99,7 +95,7 @@ namespace forms
 
 void tell(QWidget* parent, const QString& text)
 {
-    QMessageBox* box = makeBox(parent, productTitle(), text, QMessageBox::Ok);
+    QMessageBox* box = makeBox(parent, fromUtf8(ProductName), text, QMessageBox::Ok);
     setPicture(box, "info");
     answerOf(box);
 }

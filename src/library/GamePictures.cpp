@@ -1,7 +1,7 @@
 #include "library/GamePictures.h"
 
 #include "forms/Desk.h"
-#include "forms/Forms.h"
+#include "platform/qt/SurfaceImage.h"
 #include "runtime/GameFolders.h"
 #include "runtime/ZBGraphic.h"
 
@@ -26,7 +26,7 @@ Qt::TransformationMode modeFor(QSize from, QSize to)
 QImage imageOf(Surface&& surface)
 {
     auto owned = std::make_unique<Surface>(std::move(surface));
-    const QImage view = forms::viewOf(*owned);
+    const QImage view = viewOfSurface(*owned);
     const auto whenTheLastCopyGoes = [](void* pixels) {
         std::unique_ptr<Surface>(static_cast<Surface*>(pixels));
     };
@@ -91,7 +91,7 @@ QPixmap spriteOf(Desk& desk, const std::string& path, int side)
     const int height = description->frameHeight;
     if (width < 1 || height < 1 || width > sheet->width() / 2 || height > sheet->height())
         return {};
-    QImage frame = forms::viewOf(*sheet).copy(0, 0, width, height).convertToFormat(QImage::Format_ARGB32);
+    QImage frame = viewOfSurface(*sheet).copy(0, 0, width, height).convertToFormat(QImage::Format_ARGB32);
     for (int y = 0; y < height; ++y) {
         for (int x = 0; x < width; ++x) {
             if (sheet->at(width + x, y) == white) // the mask, which stands beside the image

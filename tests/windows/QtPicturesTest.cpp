@@ -1,6 +1,6 @@
 #include "platform/qt/QtPictures.h"
 
-#include "forms/Forms.h"
+#include "platform/qt/SurfaceImage.h"
 
 #include <QDir>
 #include <QFile>
@@ -50,7 +50,7 @@ TEST_F(Pictures, AreKnownByTheirContent)
     for (const char* format : {"bmp", "png"}) {
         const auto picture = m_pictures.read(save("misnamed.txt", format, image));
         ASSERT_TRUE(picture) << format;
-        EXPECT_EQ(*picture, forms::toSurface(image)) << format;
+        EXPECT_EQ(*picture, surfaceOfImage(image)) << format;
     }
     const auto jpeg = m_pictures.read(save("picture.bmp", "jpg", image));
     ASSERT_TRUE(jpeg);

@@ -3,6 +3,7 @@
 #include "forms/Forms.h"
 #include "mapeditor/MapEditor.h"
 #include "platform/TextFile.h"
+#include "platform/qt/SurfaceImage.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -68,7 +69,7 @@ protected:
 
     Surface shown()
     {
-        return forms::toSurface(display().grab().toImage().convertToFormat(QImage::Format_RGB32));
+        return surfaceOfImage(display().grab().toImage().convertToFormat(QImage::Format_RGB32));
     }
     bool isUnsaved() { return editor.windowTitle().contains(u'*'); }
 
@@ -192,7 +193,7 @@ TEST_F(MapEditorTest, ShowsWhatTheMapDraws)
             QCoreApplication::processEvents();
             ASSERT_EQ(display().width(), display().height());
             Surface expected(display().width(), display().height());
-            stretch(expected, forms::toSurface(checks));
+            stretch(expected, surfaceOfImage(checks));
             editor.map().Draw(expected, onlyCurrent ? 6 : -1);
             EXPECT_EQ(shown(), expected) << onlyCurrent << ' ' << display().width();
         }
