@@ -4,7 +4,6 @@
 #include "language/ZBLProgramExp.h"
 #include "platform/Installation.h"
 #include "platform/TextFile.h"
-#include "runtime/ZB.h"
 
 #include <QApplication>
 #include <QHBoxLayout>
@@ -108,10 +107,7 @@ void Form1::ParseButton_Click()
         forms::tell(this, tr("I can't read the file \"%1\".").arg(FileName->text()));
         return;
     }
-    const std::string decoded = decodeText(*bytes);
-    std::string text;
-    for (const std::string_view line : splitLines(decoded))
-        text.append(line).append(NewLine);
+    const std::string text = withProductLineEnds(decodeText(*bytes));
     ProgramText->setPlainText(forms::fromUtf8(text));
 
     const LineArray lines(text);

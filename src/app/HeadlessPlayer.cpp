@@ -43,19 +43,19 @@ GamePlace placeOf(const std::filesystem::path& gameFolder)
     return {folder, "", ""};
 }
 
-std::string withProductLineEnds(std::string_view text)
+void writeMessage(const LineOutput& output, std::string_view mark, std::string_view message)
 {
-    std::string out;
-    out.reserve(text.size() + text.size() / 16);
-    for (const std::string_view line : splitLines(text)) {
-        out += line;
-        out += NewLine;
+    for (std::size_t start = 0;;) {
+        const std::size_t end = message.find(NewLine, start);
+        output(std::string(mark).append(message.substr(start, end - start)));
+        if (end == std::string_view::npos)
+            return;
+        start = end + NewLine.size();
     }
-    return out;
 }
 
 HeadlessPlayer::HeadlessPlayer(ZB& module, const Installation& installation, PictureReader& pictures,
-                               Output output)
+                               LineOutput output)
     : m_output(std::move(output))
     , m_interpreter(module, installation, pictures, Ports{*this, *this, m_noCodeEditor, *this, *this, *this})
 {
@@ -112,21 +112,10 @@ void HeadlessPlayer::addHistoryLine(std::string_view line)
 void HeadlessPlayer::show(std::string_view text)
 {
     m_parseFailed = true;
-    printLines("? ", text);
+    writeMessage(m_output, "? ", text);
 }
 
 void HeadlessPlayer::messageBox(std::string_view text)
 {
-    printLines("! ", text);
-}
-
-void HeadlessPlayer::printLines(std::string_view mark, std::string_view text)
-{
-    for (std::size_t start = 0;;) {
-        const std::size_t end = text.find(NewLine, start);
-        m_output(std::string(mark).append(text.substr(start, end - start)));
-        if (end == std::string_view::npos)
-            return;
-        start = end + NewLine.size();
-    }
+    writeMessage(m_output, "! ", text);
 }

@@ -5,8 +5,8 @@
 #include "runtime/ZBInterpreter.h"
 
 #include <cstdint>
+#include <filesystem>
 #include <functional>
-#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -42,8 +42,10 @@ struct GamePlace {
 /// A folder "games/NAME" lies in the installation around it; any other folder stands for itself.
 GamePlace placeOf(const std::filesystem::path& gameFolder);
 
-/// The text of a program file with every line ended by CR LF; nothing where it cannot be read.
-std::string withProductLineEnds(std::string_view text);
+using LineOutput = std::function<void(std::string_view line)>;
+
+/// Writes the lines of a message, separated by CR LF, each with `mark` in front of it.
+void writeMessage(const LineOutput& output, std::string_view mark, std::string_view message);
 
 /// Plays a game without a window and without waiting, as fast as it goes. Every line of output goes to
 /// `output`.
@@ -54,9 +56,7 @@ class HeadlessPlayer : private QuietScreen,
                        private UserPort
 {
 public:
-    using Output = std::function<void(std::string_view line)>;
-
-    HeadlessPlayer(ZB& module, const Installation& installation, PictureReader& pictures, Output output);
+    HeadlessPlayer(ZB& module, const Installation& installation, PictureReader& pictures, LineOutput output);
 
     enum class Result { AllFrames = 0, ParseError = 1, RuntimeError = 2 };
     Result run(std::string_view text, const HeadlessOptions& options, const std::vector<KeyChange>& keys);
@@ -77,9 +77,7 @@ private:
     void beep() override {}
     void deliverMessages(Wait /*wait*/) override {}
 
-    void printLines(std::string_view mark, std::string_view text);
-
-    Output m_output;
+    LineOutput m_output;
     HeadlessOptions m_options;
     bool m_parseFailed = false;
     QuietCodeEditor m_noCodeEditor;

@@ -9,6 +9,7 @@
 #include "app/PlayInWindow.h"
 #endif
 
+#include <algorithm>
 #include <charconv>
 #include <cstdio>
 #include <span>
@@ -67,16 +68,7 @@ int finish(int status)
 class PrintingReporter : public ParseReporter
 {
 public:
-    void parseError(std::string_view report, int /*line*/) override
-    {
-        for (std::size_t start = 0;;) {
-            const std::size_t end = report.find(NewLine, start);
-            printLine("? " + std::string(report.substr(start, end - start)));
-            if (end == std::string_view::npos)
-                return;
-            start = end + NewLine.size();
-        }
-    }
+    void parseError(std::string_view report, int /*line*/) override { writeMessage(printLine, "? ", report); }
     void beep() override {}
 };
 
@@ -171,15 +163,13 @@ std::string parseWords(std::span<char*> words, RunWords& call)
     return call.game.empty() ? "zbl run takes the folder of a game" : "";
 }
 
-/// Fills in the game's title and author, empty where it has no properties.
-void readProperties(const Installation& installation, const GamePlace& place, ZB& module)
+/// The module for a game of that place.
+ZB moduleOf(const Installation& installation, const GamePlace& place)
 {
+    ZB module;
     module.GamesFolder = place.gamesFolder;
-    module.CurrentGame.folder = place.folder;
-    const auto text = installation.readText(place.gamesFolder + place.folder + "prop.zbo");
-    const auto lines = splitLines(text ? std::string_view(*text) : std::string_view());
-    module.CurrentGame.author = !lines.empty() ? lines[0] : std::string_view();
-    module.CurrentGame.title = lines.size() > 1 ? lines[1] : std::string_view();
+    module.CurrentGame = readGameRecord(installation, place.folder, place.gamesFolder);
+    return module;
 }
 
 int run(std::span<char*> words)
@@ -204,8 +194,7 @@ int run(std::span<char*> words)
     const auto text = installation.readText(place.gamesFolder + place.folder + "code.txt");
     if (!text)
         return complain("cannot read the program of the game in " + call.game);
-    ZB module;
-    readProperties(installation, place, module);
+    ZB module = moduleOf(installation, place);
     QtPictures pictures;
     HeadlessPlayer player(module, installation, pictures, printLine);
     const auto result = player.run(withProductLineEnds(*text), call.options, keys);
@@ -224,8 +213,7 @@ int play([[maybe_unused]] int argc, [[maybe_unused]] char** argv, const std::str
 #ifdef ZB_WITH_WINDOWS
     if (!hasDisplay())
         return complain("there is no display here; zbl run plays without one");
-    ZB module;
-    readProperties(installation, place, module);
+    ZB module = moduleOf(installation, place);
     switch (playInWindow(argc, argv, module, installation)) {
     case Ending::Closed:
         return Fine;

@@ -5,7 +5,6 @@
 #include "runtime/GameFolders.h"
 
 #include <QApplication>
-
 #include <QCommandLineParser>
 #include <QTimer>
 

@@ -137,10 +137,7 @@ void CodeEditor::Form_Load()
 
 void CodeEditor::show()
 {
-    setWindowState(windowState() & ~Qt::WindowMinimized);
-    QMainWindow::show();
-    raise();
-    activateWindow();
+    forms::bringUp(*this);
 }
 
 void CodeEditor::focusText()

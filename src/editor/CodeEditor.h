@@ -10,7 +10,6 @@
 
 class EditorBars;
 class QAction;
-class QMenu;
 
 /// The window in which the program text of a game is written. The rules about the text itself are in
 /// CodeText, Indentation and TextHistory; here keys, menus and buttons find their way to them.

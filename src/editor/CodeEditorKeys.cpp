@@ -118,9 +118,8 @@ bool CodeEditor::CodeView_KeyDown(const QKeyEvent& event)
     if (command == nullptr || command != m_UndoMnu)
         RecordChange();
     if (command != nullptr) {
-        command->trigger(); // nothing where it is disabled; the text box's own use for the key is off all the
-                            // same
-        return false;
+        command->trigger(); // nothing where it is disabled
+        return false;       // the text box's own use for the key is off all the same
     }
     // Where the digits need Shift, the key of the 1 gives another character.
     if (isCtrl && (event.key() == Qt::Key_1 || forms::virtualKeyCode(event) == '1')) {
@@ -174,10 +173,10 @@ void CodeEditor::CodeView_KeyUp()
 
 void CodeEditor::CodeView_ContextMenu(QPoint globalPosition)
 {
-    QPointer<QMenu> menu(new QMenu(this));
+    auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     const bool isSelection = m_CodeView->textCursor().hasSelection();
-    const auto add = [&menu](const char* icon, const QString& caption, bool enabled, auto&& handler) {
+    const auto add = [menu](const char* icon, const QString& caption, bool enabled, auto&& handler) {
         menu->addAction(forms::icon(icon), caption, handler)->setEnabled(enabled);
     };
     add("undo", QStringLiteral("&Undo"), m_history.undoCount() > 0, [this] { UndoMnu_Click(); });
@@ -227,8 +226,7 @@ void CodeEditor::PromptGotoLine()
 
 void CodeEditor::PromptSearch()
 {
-    m_bars->showStatus(QStringLiteral("Search For:") + QString(100, u' ') +
-                       QStringLiteral("(Ctrl-S to find next)"));
+    m_bars->showStatus(EditorBars::searchPrompt());
     OpenMinibuffer(MinibufferMode::Search);
 }
 

@@ -19,10 +19,15 @@ constexpr int gap = 8;
 constexpr int betweenBars = 2;
 constexpr int logoHeight = 40;
 
-/// The prompt with the longest caption: its hint must stand to the right of the input field.
-QString longestCaption()
+QString searchCaption()
 {
-    return QStringLiteral("Search For:") + QString(100, u' ');
+    return QStringLiteral("Search For:");
+}
+
+/// The caption, and the blanks that the input field stands on.
+QString captionAndField()
+{
+    return searchCaption() + QString(100, u' ');
 }
 
 struct Button {
@@ -141,11 +146,15 @@ QToolButton* EditorBars::button(const char* name) const
     return findChild<QToolButton*>(QLatin1String(name));
 }
 
+QString EditorBars::searchPrompt()
+{
+    return captionAndField() + QStringLiteral("(Ctrl-S to find next)");
+}
+
 int EditorBars::promptWidth() const
 {
     const QFontMetrics metrics(m_ShowStatus->font());
-    return metrics.horizontalAdvance(longestCaption() + QStringLiteral("(Ctrl-S to find next)")) + 2 * gap +
-           m_ShowCursorPos->width();
+    return metrics.horizontalAdvance(searchPrompt()) + 2 * gap + m_ShowCursorPos->width();
 }
 
 void EditorBars::showToolbars(bool shown)
@@ -199,9 +208,9 @@ void EditorBars::placePrompt()
 {
     const QFontMetrics metrics(m_ShowStatus->font());
     const int text = minibufferPlace.y();
-    const int caption = metrics.horizontalAdvance(QStringLiteral("Search For:"));
+    const int caption = metrics.horizontalAdvance(searchCaption());
     const int left = std::max(minibufferPlace.x(), text + caption + text); // larger fonts need more
-    const int hint = text + metrics.horizontalAdvance(longestCaption());
+    const int hint = text + metrics.horizontalAdvance(captionAndField());
     const int height = m_Minibuffer->sizeHint().height();
     m_Minibuffer->setGeometry(left, minibufferPlace.y(), std::max(hint - gap - left, left), height);
     m_ShowStatus->setGeometry(text, minibufferPlace.y(),

@@ -2,8 +2,6 @@
 
 #include <QWidget>
 
-#include <array>
-
 class QFrame;
 class QLabel;
 class QLineEdit;
@@ -21,6 +19,8 @@ public:
     QToolButton* button(const char* name) const;
     QLineEdit* Minibuffer() const { return m_Minibuffer; }
 
+    /// The caption of the search prompt. Its hint stands to the right of the input field.
+    static QString searchPrompt();
     /// The width at which every prompt can be read whole.
     int promptWidth() const;
 

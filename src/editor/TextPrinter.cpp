@@ -4,8 +4,6 @@
 #include <QPrinter>
 #include <QTextLayout>
 
-#include <algorithm>
-
 namespace
 {
 

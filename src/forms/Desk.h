@@ -8,7 +8,6 @@
 #include <QString>
 
 class QWidget;
-class ZBInterpreter;
 
 /// The code editor as the other windows see it.
 class CodeEditorForm : public CodeEditorPort

@@ -4,7 +4,6 @@
 #include <QKeyEvent>
 
 #include <algorithm>
-#include <array>
 
 namespace
 {

@@ -23,8 +23,7 @@ inline constexpr QStringView gameIsGone =
 
 inline constexpr QStringView propertiesNotSaved =
     u"I could not save the title and your name.  Maybe the disk is full, or nobody may write in the folder "
-    u"of this "
-    u"game.  I will try again when you type something else or press Ok.";
+    u"of this game.  I will try again when you type something else or press Ok.";
 inline constexpr QStringView propertiesStillNotSaved =
     u"I could not save the title and your name.  They will be gone when you close this game!";
 inline constexpr QStringView iconNotChosen =
@@ -35,8 +34,8 @@ inline constexpr QStringView pictureUnreadable =
 inline constexpr QStringView pictureExists =
     u"Your game already has a picture with the name %1.  Do you want the new picture to take its place?";
 inline constexpr QStringView pictureNotAdded = u"I could not copy the picture into your game.  Maybe the "
-                                               u"disk is full, or nobody may write in the folder of this "
-                                               u"game.";
+                                               u"disk is full, or nobody may write in the folder "
+                                               u"of this game.";
 inline constexpr QStringView removePicture =
     u"Do you really want to remove the picture %1 from your game?  You can't get it back.";
 inline constexpr QStringView removeSprite =

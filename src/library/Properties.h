@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QStringList>
 #include <QWidget>
 
 #include <array>
@@ -9,7 +8,6 @@ class Desk;
 class QLabel;
 class QLineEdit;
 class QListWidget;
-class QPushButton;
 class QScrollBar;
 class QToolButton;
 

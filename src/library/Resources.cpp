@@ -5,8 +5,8 @@
 #include "library/GamePictures.h"
 #include "library/Messages.h"
 #include "library/PictureName.h"
-#include "platform/NaturalOrder.h"
 #include "platform/TextFile.h"
+#include "runtime/GameFolders.h"
 
 #include <QDir>
 #include <QFileDialog>
@@ -54,13 +54,18 @@ QStringList namesIn(const QListWidget& list)
     return names;
 }
 
+QString selectedName(const QListWidget& list)
+{
+    return list.currentItem() != nullptr ? list.currentItem()->text() : QString();
+}
+
 /// Fills a list anew; the selected name stays selected where it is still there. A list in which nothing has
 /// changed is left where the user has scrolled it.
 void fill(QListWidget& list, const QStringList& names)
 {
     if (names == namesIn(list))
         return;
-    const QString selected = list.currentItem() != nullptr ? list.currentItem()->text() : QString();
+    const QString selected = selectedName(list);
     const int row = list.currentRow();
     list.clear();
     list.addItems(names);
@@ -75,11 +80,6 @@ QLabel* heading(const QString& text, QWidget* parent)
     font.setBold(true);
     label->setFont(font);
     return label;
-}
-
-QString selectedName(const QListWidget& list)
-{
-    return list.currentItem() != nullptr ? list.currentItem()->text() : QString();
 }
 
 } // namespace
@@ -209,19 +209,21 @@ QWidget* Resources::makeSprites()
 
 std::string Resources::gameFolder() const
 {
-    return "games\\" + m_desk.module().CurrentGame.folder;
+    std::string folder = m_desk.module().gamePath();
+    folder.pop_back(); // the backslash
+    return folder;
 }
 
 std::string Resources::gameFile(const QString& name) const
 {
-    return gameFolder() + forms::toUtf8(name);
+    return m_desk.module().gamePath() + forms::toUtf8(name);
 }
 
 void Resources::Form_Load()
 {
     relist();
     // Sprites that are drawn and pictures that come in from elsewhere show up by themselves.
-    if (const auto folder = m_desk.installation().find(gameFolder().substr(0, gameFolder().size() - 1)))
+    if (const auto folder = m_desk.installation().find(gameFolder()))
         m_watcher.addPath(QString::fromStdString(folder->string()));
 }
 
@@ -235,11 +237,9 @@ void Resources::relist()
 
 void Resources::ListBackgrounds()
 {
-    std::string folder = gameFolder();
-    folder.pop_back();
     QStringList names;
     for (const auto kind : pictureKinds) {
-        for (const auto& name : m_desk.installation().listFiles(folder, kind)) {
+        for (const auto& name : m_desk.installation().listFiles(gameFolder(), kind)) {
             if (!isGameIcon(name))
                 names += forms::fromUtf8(name);
         }
@@ -251,14 +251,8 @@ void Resources::ListBackgrounds()
 
 void Resources::ListSprites()
 {
-    std::string folder = gameFolder();
-    folder.pop_back();
-    auto files = m_desk.installation().listFiles(folder, "*.spr");
-    for (auto& name : files)
-        name.resize(name.size() - std::string_view(".spr").size());
-    std::ranges::sort(files, naturallyBefore);
     QStringList names;
-    for (const auto& name : files)
+    for (const auto& name : spriteNames(m_desk.installation(), m_desk.module().gamePath()))
         names += forms::fromUtf8(name);
     fill(*m_spriteNames, names);
     for (int row = 0; row < std::min(m_spriteNames->count(), picturedSprites); ++row) {

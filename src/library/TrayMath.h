@@ -15,5 +15,5 @@ int tileLeft(int slot, int trayWidth);
 /// The slot under the horizontal position `x` of the tray.
 int slotAt(int x, int trayWidth);
 
-/// `text` padded with blanks and cut to exactly 18 characters.
+/// The text padded with blanks or cut to exactly 18 characters.
 std::string tileText(std::string_view utf8);

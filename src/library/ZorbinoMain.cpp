@@ -104,8 +104,6 @@ ZorbinoMain::ZorbinoMain(Desk& desk, QWidget* parent)
     Form_Load(comingBackdrop().get());
 }
 
-ZorbinoMain::~ZorbinoMain() = default;
-
 void ZorbinoMain::layOut()
 {
     auto* label = new Caption(tr("Click on a game!"), this);
@@ -447,7 +445,7 @@ void ZorbinoMain::CreateButton_Click()
 
 void ZorbinoMain::Work_Click()
 {
-    std::string folder = "games\\" + m_desk.module().CurrentGame.folder;
+    std::string folder = m_desk.module().gamePath();
     folder.pop_back(); // the backslash
     if (!m_desk.installation().isFolder(folder)) {
         forms::tell(this, say::gameIsGone.toString());

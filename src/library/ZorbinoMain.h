@@ -24,7 +24,6 @@ class ZorbinoMain : public QWidget
     Q_OBJECT
 public:
     explicit ZorbinoMain(Desk& desk, QWidget* parent = nullptr);
-    ~ZorbinoMain() override;
 
     /// Starts to read the large pictures of the next library window, beside whatever the caller does
     /// meanwhile.

@@ -419,7 +419,7 @@ bool MapEditor::drawOn(int column, int row)
 // Files.
 
 /// The folder of the game that is picked in the library, or one as they look.
-QString MapEditor::exampleFolder()
+QString MapEditor::exampleFolder() const
 {
     const std::string& folder = m_desk.module().CurrentGame.folder;
     return folder.empty() ? u"00000001\\"_s : forms::fromUtf8(folder);

@@ -15,8 +15,6 @@ class QCheckBox;
 class QComboBox;
 class QFrame;
 class QLineEdit;
-class QToolBar;
-class QWidget;
 
 namespace forms
 {
@@ -62,7 +60,7 @@ private:
     bool drawOn(int column, int row);
     bool drawStroke(int column, int row);
     void RedrawMap();
-    QString exampleFolder();
+    QString exampleFolder() const;
     bool loadBackground(const QString& name);
     void scaleBackground();
     /// A map is there from now on.

@@ -2,6 +2,7 @@
 
 #include "platform/TextFile.h"
 
+#include <algorithm>
 #include <system_error>
 
 namespace fs = std::filesystem;

@@ -2,7 +2,6 @@
 
 #include <array>
 #include <charconv>
-#include <cmath>
 #include <limits>
 
 std::string_view trimBlanks(std::string_view text)

@@ -90,14 +90,6 @@ locale_t unicodeLocale()
     return locale;
 }
 
-bool isAscii(std::string_view text)
-{
-    for (const char c : text)
-        if (static_cast<unsigned char>(c) >= 0x80)
-            return false;
-    return true;
-}
-
 template<typename Convert> void convertCase(std::string& out, std::string_view utf8, Convert convert)
 {
     for (std::size_t at = 0; at < utf8.size();) {
@@ -215,6 +207,15 @@ std::vector<std::string_view> splitLines(std::string_view text)
     return lines;
 }
 
+std::string withProductLineEnds(std::string_view text)
+{
+    std::string out;
+    out.reserve(text.size() + text.size() / 16);
+    for (const std::string_view line : splitLines(text))
+        out.append(line).append("\r\n");
+    return out;
+}
+
 std::string lowerCase(std::string_view utf8)
 {
     std::string out;
@@ -234,16 +235,6 @@ std::string upperCase(std::string_view utf8)
 void appendUpperCase(std::string& out, std::string_view utf8)
 {
     convertCase(out, utf8, toUpper);
-}
-
-void makeLowerCase(std::string& text)
-{
-    if (!isAscii(text)) {
-        text = lowerCase(text);
-        return;
-    }
-    for (char& c : text)
-        c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
 std::optional<std::string> readFileBytes(const std::filesystem::path& file, std::uintmax_t limit)

@@ -17,13 +17,14 @@ std::string decodeText(std::string_view bytes);
 /// The lines of a text: CR LF, LF or CR ends a line; a last line without an end counts when it is not empty.
 std::vector<std::string_view> splitLines(std::string_view text);
 
-/// Lower-cases every letter, ASCII or not, one character for one character.
+/// The text with each of its lines ended by CR LF, as program texts are.
+std::string withProductLineEnds(std::string_view text);
+
+/// Lower-cases every letter, ASCII or not, one character for one character. Malformed bytes are left alone.
 std::string lowerCase(std::string_view utf8);
 /// Upper-cases every letter, ASCII or not, one character for one character.
 std::string upperCase(std::string_view utf8);
 void appendUpperCase(std::string& out, std::string_view utf8);
-/// Lower-cases `text` in place. Malformed bytes are left alone.
-void makeLowerCase(std::string& text);
 
 /// Contents of the plain file at `file`; nothing where it cannot be read or is larger than `limit` bytes.
 std::optional<std::string> readFileBytes(const std::filesystem::path& file, std::uintmax_t limit);

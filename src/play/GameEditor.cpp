@@ -106,7 +106,7 @@ void GameEditor::Form_Load()
             [this] { m_interpreter->setTraceBoxes(m_spy->traceBoxes()); });
     m_desk.LogProgress(QStringLiteral("GameEditor.Form_Load: loading source code"));
     // A text that cannot be read leaves the code editor empty and hidden.
-    m_codeEditor->LoadFile(forms::fromUtf8(module.GamesFolder + module.CurrentGame.folder + "code.txt"));
+    m_codeEditor->LoadFile(forms::fromUtf8(module.gamePath() + "code.txt"));
     m_desk.LogProgress(QStringLiteral("GameEditor.Form_Load: done"));
 }
 

@@ -12,7 +12,6 @@
 #include <memory>
 
 class QCheckBox;
-class QHBoxLayout;
 class QLayout;
 class QSlider;
 class QToolButton;
@@ -65,8 +64,8 @@ private:
     bool mayClose();
     void endRun();
     void CloseAgain_Timer();
-    /// Gives a window its first place on the screen, seen from this one.
     enum class Where { Corner, Right, Below };
+    /// Gives a window its first place on the screen, seen from this one.
     void place(QWidget& window, Where where) const;
 
     Desk& m_desk;

@@ -52,14 +52,9 @@ GamePlayer::~GamePlayer() = default;
 
 bool GamePlayer::play()
 {
-    const std::string file =
-        m_interpreter->module().GamesFolder + m_interpreter->module().CurrentGame.folder + "code.txt";
-    const auto text = m_interpreter->installation().readText(file);
+    const auto text = m_interpreter->installation().readText(m_interpreter->module().gamePath() + "code.txt");
     if (!text)
         return false;
-    std::string program;
-    for (const std::string_view line : splitLines(*text))
-        program.append(line).append(NewLine);
-    m_interpreter->RunGame(program, 0);
+    m_interpreter->RunGame(withProductLineEnds(*text), 0);
     return true;
 }

@@ -4,6 +4,7 @@
 #include "play/FramePainting.h"
 #include "play/SpriteFiles.h"
 #include "play/SpriteModel.h"
+#include "runtime/GameFolders.h"
 
 #include <QDialog>
 #include <QDialogButtonBox>

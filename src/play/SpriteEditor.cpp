@@ -6,7 +6,6 @@
 #include "play/FrameView.h"
 #include "play/PaletteView.h"
 #include "play/SpriteChooser.h"
-#include "play/SpriteFiles.h"
 #include "play/StripView.h"
 
 #include <QAction>
@@ -126,7 +125,7 @@ struct SpriteEditor::Command {
 
 SpriteEditor::SpriteEditor(Desk& desk, const QString& graphicName)
     : m_desk(desk)
-    , m_folder("games\\" + desk.module().CurrentGame.folder)
+    , m_folder(desk.module().gamePath())
 {
     setObjectName(u"SpriteEditor"_s);
     setWindowTitle(u"Zorbino Sprite Editor"_s);
@@ -398,16 +397,10 @@ void SpriteEditor::connectModel()
 void SpriteEditor::Form_Load(const QString& graphicName)
 {
     if (!graphicName.isEmpty()) {
-        SpriteModel loaded;
-        const SpriteLoad result = loadSprite(m_desk.installation(), m_desk.pictures(), m_folder,
-                                             forms::toUtf8(graphicName), loaded);
-        if (result == SpriteLoad::Done) {
-            m_model = std::move(loaded);
-            m_name = graphicName;
-        } else { // once the window is there
+        const SpriteLoad result = load(graphicName);
+        if (result != SpriteLoad::Done) // told once the window is there
             QTimer::singleShot(
                 0, this, [this, message = loadMessage(result, graphicName)] { forms::tell(this, message); });
-        }
     }
     refresh();
 }
@@ -543,21 +536,22 @@ void SpriteEditor::openSprite()
         return;
     m_discardAllowed = false; // the list of sprites may still be cancelled
     const auto name = chooseSprite(this, m_desk.installation(), m_desk.pictures(), m_folder);
-    if (name)
-        openNamed(*name);
+    if (!name)
+        return;
+    const SpriteLoad result = load(*name);
+    if (result == SpriteLoad::Done)
+        refresh();
+    else
+        forms::tell(this, loadMessage(result, *name));
 }
 
-bool SpriteEditor::openNamed(const QString& name)
+SpriteLoad SpriteEditor::load(const QString& name)
 {
     const SpriteLoad result =
         loadSprite(m_desk.installation(), m_desk.pictures(), m_folder, forms::toUtf8(name), m_model);
-    if (result != SpriteLoad::Done) {
-        forms::tell(this, loadMessage(result, name));
-        return false;
-    }
-    m_name = name;
-    refresh();
-    return true;
+    if (result == SpriteLoad::Done)
+        m_name = name;
+    return result;
 }
 
 bool SpriteEditor::saveSprite()

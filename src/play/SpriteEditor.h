@@ -1,6 +1,7 @@
 #pragma once
 
 #include "forms/Desk.h"
+#include "play/SpriteFiles.h"
 #include "play/SpriteModel.h"
 
 #include <QMainWindow>
@@ -16,8 +17,6 @@ class QLabel;
 class QScrollArea;
 class QSpinBox;
 class QTimer;
-class QToolBar;
-class QVBoxLayout;
 class StripView;
 
 /// The paint window for the frames of one sprite graphic of the current game.
@@ -70,7 +69,8 @@ private:
     bool saveSprite();
     bool saveSpriteAs();
     bool saveAs(const QString& name);
-    bool openNamed(const QString& name);
+    /// Takes a graphic of the game in; unless the answer is Done everything stays as it is.
+    SpriteLoad load(const QString& name);
     void moreColours();
     void setTool(int chosen);
     void setSwatch(Pixel colour);

@@ -1,6 +1,5 @@
 #include "play/SpriteFiles.h"
 
-#include "platform/NaturalOrder.h"
 #include "platform/NumberText.h"
 #include "platform/TextFile.h"
 #include "play/BitmapFile.h"
@@ -21,17 +20,6 @@ std::string productPath(std::string_view folder, std::string_view name, std::str
 }
 
 } // namespace
-
-std::vector<std::string> spriteNames(const Installation& installation, std::string_view folder)
-{
-    if (folder.ends_with('\\'))
-        folder.remove_suffix(1);
-    std::vector<std::string> names = installation.listFiles(folder, "*.spr");
-    for (std::string& name : names)
-        name.resize(name.size() - descriptionEnding.size());
-    std::ranges::sort(names, naturallyBefore);
-    return names;
-}
 
 bool spriteExists(const Installation& installation, std::string_view folder, std::string_view name)
 {

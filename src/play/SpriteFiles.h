@@ -18,8 +18,6 @@ enum class SpriteLoad {
     TooLarge, ///< a graphic that can be played, but not drawn on
 };
 
-/// Names of the graphics of a game, sorted.
-std::vector<std::string> spriteNames(const Installation& installation, std::string_view folder);
 bool spriteExists(const Installation& installation, std::string_view folder, std::string_view name);
 /// Fills `model` with a graphic; unless the answer is Done it stays as it is.
 SpriteLoad loadSprite(const Installation& installation, PictureReader& pictures, std::string_view folder,

@@ -8,7 +8,6 @@ namespace
 {
 
 constexpr FrameSize usualSize = {32, 32};
-constexpr int gameFramesPerPicture = 3;
 
 bool isRatherWhite(Pixel pixel)
 {
@@ -297,5 +296,5 @@ int SpriteModel::previewIndex(int frameNumber) const
 {
     if (m_now.kind == GraphicKind::Simple)
         return 0;
-    return frameNumber / gameFramesPerPicture % frameCount();
+    return animationSteps(frameNumber) % frameCount();
 }

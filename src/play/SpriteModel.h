@@ -6,7 +6,6 @@
 #include <deque>
 #include <memory>
 #include <string>
-#include <string_view>
 #include <vector>
 
 /// The colour of pixels that let the background through; no opaque colour equals it.

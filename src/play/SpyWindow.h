@@ -11,7 +11,6 @@ class QCheckBox;
 class QLabel;
 class QLayout;
 class QListView;
-class QModelIndex;
 class QStringListModel;
 
 /// Shows what the interpreter does: the history of the run, the current state, and the variables while it is

@@ -49,7 +49,7 @@ QRect StripView::frameRect(int index) const
 void StripView::paintEvent(QPaintEvent* event)
 {
     QPainter painter(this);
-    const int first = std::max(0, indexAt(QPointF(event->rect().topLeft())));
+    const int first = indexAt(QPointF(event->rect().topLeft()));
     for (int index = first; index < m_model.frameCount(); ++index) {
         const QRect area = frameRect(index);
         if (area.left() - gap > event->rect().right())

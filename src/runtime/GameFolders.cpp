@@ -1,5 +1,6 @@
 #include "runtime/GameFolders.h"
 
+#include "platform/NaturalOrder.h"
 #include "platform/NumberText.h"
 #include "platform/TextFile.h"
 
@@ -28,12 +29,17 @@ std::string gameFile(std::string_view folder, std::string_view name)
     return joined(joined(gamesFolder, folder), name);
 }
 
-/// The product path of a game's folder itself, without the backslash at its end.
-std::string gameFolder(std::string_view folder)
+std::string_view withoutBackslash(std::string_view folder)
 {
     if (folder.ends_with('\\'))
         folder.remove_suffix(1);
-    return joined(gamesFolder, folder);
+    return folder;
+}
+
+/// The product path of a game's folder itself, without the backslash at its end.
+std::string gameFolder(std::string_view folder)
+{
+    return joined(gamesFolder, withoutBackslash(folder));
 }
 
 /// The eight-digit name with the lowest number that nothing in games\ has yet.
@@ -146,9 +152,21 @@ std::vector<GameRecord> ListGames(const Installation& installation)
     return games;
 }
 
-GameRecord readGameRecord(const Installation& installation, std::string_view folder)
+GameRecord readGameRecord(const Installation& installation, std::string_view folder,
+                          std::string_view gamesFolder)
 {
-    return recordOf(folder, installation.readText(gameFile(folder, "prop.zbo")).value_or(std::string()));
+    const std::string path = joined(joined(gamesFolder, folder), "prop.zbo");
+    return recordOf(folder, installation.readText(path).value_or(std::string()));
+}
+
+std::vector<std::string> spriteNames(const Installation& installation, std::string_view folder)
+{
+    constexpr std::string_view ending = ".spr";
+    std::vector<std::string> names = installation.listFiles(withoutBackslash(folder), "*.spr");
+    for (std::string& name : names)
+        name.resize(name.size() - ending.size());
+    std::ranges::sort(names, naturallyBefore);
+    return names;
 }
 
 bool SaveGameProperties(const Installation& installation, const GameRecord& game)

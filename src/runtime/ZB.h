@@ -35,9 +35,11 @@ struct ZB {
     bool CodeEditorWasOpen = false; ///< the code editor was visible when the run started
     int ErrorLine = 0;              ///< line of the last reported error, 0 for none
     std::string ErrorText;
+
+    /// The product path of CurrentGame's folder with a trailing backslash.
+    std::string gamePath() const { return GamesFolder + CurrentGame.folder; }
 };
 
 /// The usage line of a statement word ("MOVE <object>"), or an empty text. Blanks around the word, its case
-/// and one
-/// "{" at its end do not matter.
+/// and one "{" at its end do not matter.
 std::string_view StatementHelp(std::string_view word);

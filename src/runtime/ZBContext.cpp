@@ -85,7 +85,7 @@ void ZBContext::Start()
 {
     m_run.map.Create(5, 5);
     m_interpreter.ports().screen.show();
-    m_path = m_interpreter.module().GamesFolder + m_interpreter.module().CurrentGame.folder;
+    m_path = m_interpreter.module().gamePath();
     enterState("begin");
     m_run.background = blankField();
     m_surfaces.Background = *m_run.background;

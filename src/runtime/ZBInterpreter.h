@@ -38,6 +38,9 @@ public:
     const Ports& ports() const { return m_ports; }
 
     // Run control.
+    /// Starts a run of a program text, lines separated by CR LF. `mode` is the new ZB::RunMode. A fault in
+    /// the text has been shown when this returns. Does nothing while a run is being started or a frame worked
+    /// on.
     void RunGame(std::string_view text, int mode);
     void PauseGame();
     void ResumeGame();
@@ -72,7 +75,6 @@ public:
     void showParseError(std::string_view report, int line);
     void HaltAfterError();
 
-    bool stepMode() const { return m_stepMode; }
     /// A run is being started or a frame worked on (it may be waiting for the user): the interpreter must not
     /// be destroyed now.
     bool inFrame() const { return m_inFrame || m_starting; }
@@ -107,8 +109,7 @@ private:
     bool m_stepMode = false;
     bool m_stepReleased = false;
     bool m_stopping = false;
-    bool m_halting =
-        false; ///< a stop waits for the frame to come to its end: no pause and no frame begins any more
+    bool m_halting = false; ///< a stop waits for the frame's end: no pause and no other frame begins
     bool m_stopRequested = false;
     bool m_starting = false;
     bool m_inFrame = false;

@@ -1,5 +1,6 @@
 #include "runtime/ZBMap.h"
 
+#include "platform/Installation.h"
 #include "platform/NumberText.h"
 #include "platform/Rounding.h"
 #include "runtime/ZB.h"
@@ -12,8 +13,8 @@
 namespace
 {
 
-constexpr std::uint64_t mostSquares = std::uint64_t{1}
-                                      << 25U; // two bytes each in the largest file that is read
+/// Two bytes each in the largest file that is read.
+constexpr std::uint64_t mostSquares = Installation::maximumFileSize / 2;
 constexpr int stripePeriod = static_cast<int>(ColorTable.size());
 constexpr Pixel nothingHere = 0; // no colour has this value: all of them are opaque
 

@@ -1,3 +1,4 @@
+#include "platform/TextFile.h"
 #include "support/TestGame.h"
 
 #include <gtest/gtest.h>

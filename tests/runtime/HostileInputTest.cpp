@@ -3,8 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
-
 // What nobody would write, but a file may hold: a message at the worst, and the game kit goes on.
 
 namespace

@@ -1,60 +1,30 @@
 #pragma once
 
-#include "forms/Desk.h"
-#include "platform/qt/QtPictures.h"
+#include "windows/PretendDesk.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDialog>
-#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
 #include <filesystem>
 #include <functional>
 
-/// A desk whose only other window is the user, on an installation folder of its own with one game.
-class PaintingDesk : public Desk
+/// A desk on an installation folder of its own with one game.
+class PaintingDesk : private TemporaryInstallation, public PretendDesk
 {
 public:
     PaintingDesk()
-        : m_installation(made(m_root))
+        : PretendDesk(TemporaryInstallation::root())
     {
-        m_module.CurrentGame = {"", "", "00000001\\"};
+        makeFolder("games/00000001");
+        module().CurrentGame = {"", "", "00000001\\"};
     }
 
-    std::filesystem::path game() const { return m_installation.root() / "games" / "00000001"; }
-
-    ZB& module() override { return m_module; }
-    const Installation& installation() override { return m_installation; }
-    PictureReader& pictures() override { return m_pictures; }
-    void LogProgress(const QString& /*message*/) override {}
-    void showLibrary() override {}
-    void showGameEditor() override {}
-    void showMapEditor() override {}
-    void showSpriteEditor(const QString& /*graphicName*/) override {}
-    void showProperties() override {}
-    void showResources() override {}
-    bool closeGameWindows() override { return true; }
-    CodeEditorForm* createCodeEditor() override { return nullptr; }
-    void gameTitleChanged() override {}
-    void exitProgram() override {}
-
-private:
-    static std::filesystem::path made(const QTemporaryDir& root)
-    {
-        const std::filesystem::path path = root.path().toStdString();
-        std::filesystem::create_directories(path / "games" / "00000001");
-        return path;
-    }
-
-    QTemporaryDir m_root;
-    Installation m_installation;
-    QtPictures m_pictures;
-    ZB m_module;
+    std::filesystem::path game() const { return TemporaryInstallation::root() / "games" / "00000001"; }
 };
 
 /// Answers the boxes that `action` opens, one after the other: text is typed into an input box, a button's
