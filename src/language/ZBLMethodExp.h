@@ -3,6 +3,7 @@
 #include "language/StatementWords.h"
 
 #include <array>
+#include <memory>
 
 /// An action statement: a word and the operands that its row in the table of action words asks for.
 class ZBLMethodExp final : public ZBLStatement
@@ -35,6 +36,6 @@ private:
     ZBLObjectExp m_object;
     ZBLObjectExp m_otherObject;
     ZBLSimpleExp m_value;
-    std::unique_ptr<std::array<ZBLSimpleExp, 2>>
-        m_yz; ///< only the two statements that take a place have them
+    /// Only the two statements that take a place have them.
+    std::unique_ptr<std::array<ZBLSimpleExp, 2>> m_yz;
 };

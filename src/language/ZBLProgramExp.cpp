@@ -102,7 +102,6 @@ bool ZBLStateExp::Parse(const ZBLReader& reader, int& line)
     if (block.footer != block.header)
         return reader.fail(misnamed("this state block", m_stateName, m_stateName, block.footer), opening,
                            block.line);
-    m_present = {};
     for (line = opening + 1;;) {
         const int partLine = findNextBlock(reader.lines, line);
         if (partLine < 0 || partLine > block.line)
@@ -237,9 +236,4 @@ std::optional<int> ZBLProgramExp::find(const Index& index, std::string_view name
 {
     const auto found = index.find(name);
     return found != index.end() ? std::optional(found->second) : std::nullopt;
-}
-
-bool ZBLProgramExp::knownClass(std::string_view name) const
-{
-    return findClass(name).has_value() || findClass(lowerCase(name)).has_value();
 }

@@ -39,6 +39,7 @@ class ZBLStateExp
 public:
     enum class Part : std::uint8_t { Initialize, Loop };
 
+    /// Reads the state whose block opens on line `line`, which moves behind it.
     bool Parse(const ZBLReader& reader, int& line);
     const ZBLExp& getSubStateExp(Part part) const { return m_parts[static_cast<std::size_t>(part)]; }
     const std::string& stateName() const { return m_stateName; }
@@ -68,7 +69,6 @@ public:
     // counts.
     std::optional<int> findClass(std::string_view name) const { return find(m_classOf, name); }
     std::optional<int> findState(std::string_view name) const { return find(m_stateOf, name); }
-    bool knownClass(std::string_view name) const;
     const std::deque<ZBLClassExp>& classes() const { return m_classes; }
     const std::deque<ZBLStateExp>& states() const { return m_states; }
 

@@ -4,7 +4,6 @@
 #include "language/ZBLSimpleExp.h"
 
 #include <cstdint>
-#include <memory>
 #include <string>
 
 /// One statement of a program. After Parse it never changes; what changes in a run lives in the context.

@@ -27,8 +27,6 @@ public:
     /// quotes, or a class name. Nothing for an empty word and for a text that is not closed.
     static std::optional<ZBLValueExp> Parse(std::string_view word, TextPool& pool);
 
-    ValueKind getType() const { return type; }
-    double getRealVal() const { return realVal; }
     bool isCounter() const { return type == ValueKind::Counter; }
     bool isText() const { return type == ValueKind::Text; }
     bool isClassName() const { return type == ValueKind::ClassName; }
@@ -53,7 +51,6 @@ struct ZBLVarExp {
 
     /// "counter$" or "text$" and the name.
     std::string toString() const;
-    bool sameVariable(const ZBLVarExp& other) const { return type == other.type && name == other.name; }
 };
 
 /// One variable of a running program with its value.

@@ -2,7 +2,6 @@
 
 #include "language/LineArray.h"
 
-#include <string>
 #include <string_view>
 
 /// Where the parser puts what it finds wrong. It is told once per parse.

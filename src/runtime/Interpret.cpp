@@ -8,6 +8,7 @@
 #include "runtime/Messages.h"
 
 #include <algorithm>
+#include <cassert>
 #include <cmath>
 #include <limits>
 
@@ -22,10 +23,11 @@ bool isUsable(double number)
     return std::abs(number) <= std::numeric_limits<double>::max();
 }
 
-template<typename Value> bool holds(std::uint8_t op, const Value& left, const Value& right)
+using Operator = ZBLIfExp::Operator;
+
+template<typename Value> bool holds(Operator op, const Value& left, const Value& right)
 {
-    using Operator = ZBLIfExp::Operator;
-    switch (static_cast<Operator>(op)) {
+    switch (op) {
     case Operator::Equal:
         return left == right;
     case Operator::NotEqual:
@@ -40,6 +42,56 @@ template<typename Value> bool holds(std::uint8_t op, const Value& left, const Va
         return left >= right;
     }
     return false;
+}
+
+ZBLValueExp truth(bool b, TextPool& pool)
+{
+    // False with a capital: no literal of a program, which is lower case, ever equals it.
+    return ZBLValueExp::text(pool.intern(b ? "true" : "False"));
+}
+
+/// A property of a sprite; no value for what sprites do not have.
+ZBLValueExp spriteProperty(const ZBSprite& sprite, Property property, TextPool& pool)
+{
+    switch (property) {
+    case Property::X:
+        return ZBLValueExp::counter(sprite.x);
+    case Property::Y:
+        return ZBLValueExp::counter(sprite.y);
+    case Property::Z:
+        return ZBLValueExp::counter(sprite.z);
+    case Property::Speed:
+        return ZBLValueExp::counter(sprite.speed);
+    case Property::Class:
+        return ZBLValueExp::className(sprite.className);
+    case Property::Red:
+    case Property::Orange:
+    case Property::Yellow:
+    case Property::Green:
+    case Property::Cyan:
+    case Property::Blue:
+    case Property::Purple:
+        return truth(sprite.mapSquare.getField(static_cast<int>(property) - static_cast<int>(Property::Red)),
+                     pool);
+    default:
+        return {};
+    }
+}
+
+/// A property of the game, empty where it has not been set; no value for what the game does not have.
+ZBLValueExp gameProperty(const ZBGame& game, Property property, TextPool& pool)
+{
+    const auto named = [&](Text name) { return ZBLValueExp::text(name ? name : pool.intern("")); };
+    switch (property) {
+    case Property::Background:
+        return named(game.backgroundName);
+    case Property::Music:
+        return named(game.musicName);
+    case Property::Map:
+        return named(game.mapName);
+    default:
+        return {};
+    }
 }
 
 } // namespace
@@ -98,7 +150,7 @@ bool ZBContext::Interpret(const SequenceCode& code)
     Text* const texts = m_run.variables.texts.data();
     bool isTest = false; // the step that failed is the test of an if
 
-#define GO goto* labels[static_cast<std::size_t>(step->op)]
+#define GO goto* labels[static_cast<std::size_t>(step->op)] // NOLINT(bugprone-macro-parentheses)
 #define NEXT                                                                                                 \
     do {                                                                                                     \
         ++step;                                                                                              \
@@ -297,14 +349,14 @@ failed:
 
 #pragma GCC diagnostic pop
 
-/// A change that did not come to a usable number: finds out why, in the order in which a statement looks.
-bool ZBContext::changeFailed(const Step& step)
+/// A change that did not come to a usable number: says why, in the order in which a statement looks.
+void ZBContext::changeFailed(const Step& step)
 {
-    const double target = m_run.variables.counters[static_cast<std::size_t>(step.a)];
-    if (step.op == Op::ChangeVariable &&
-        std::isnan(m_run.variables.counters[static_cast<std::size_t>(step.b)]))
-        return false; // an amount that is not set stops the block without a word
-    return fail(std::isnan(target) ? say::changeBeforeSet : say::tooBig, step.line);
+    const std::vector<double>& counters = m_run.variables.counters;
+    if (step.op == Op::ChangeVariable && std::isnan(counters[static_cast<std::size_t>(step.b)]))
+        return; // an amount that is not set stops the block without a word
+    const bool isUnset = std::isnan(counters[static_cast<std::size_t>(step.a)]);
+    fail(isUnset ? say::changeBeforeSet : say::tooBig, step.line);
 }
 
 std::string ZBContext::valueText(const ZBLValueExp& value)
@@ -370,67 +422,27 @@ bool ZBContext::evaluateRandom(const ZBLSimpleExp& operand, ZBLValueExp& value, 
 
 bool ZBContext::getProperty(const ZBLSimpleExp& operand, ZBLValueExp& value, int line)
 {
-    const auto truth = [&](bool b) {
-        // False with a capital: no literal of a program, which is lower case, ever equals it.
-        value = ZBLValueExp::text(m_run.program->tree.pool().intern(b ? "true" : "False"));
-        return true;
-    };
-    const auto named = [&](Text name) {
-        value = ZBLValueExp::text(name ? name : m_run.program->tree.pool().intern(""));
-        return true;
-    };
-    const ZBSprite* sprite = nullptr;
+    TextPool& pool = m_run.program->tree.pool();
     if (operand.object().isSprite()) {
-        sprite = resolve(operand.object(), line);
+        const ZBSprite* const sprite = resolve(operand.object(), line);
         if (!sprite)
             return false;
-    }
-    switch (operand.property()) {
-    case Property::X:
-        value = ZBLValueExp::counter(sprite->x);
-        return true;
-    case Property::Y:
-        value = ZBLValueExp::counter(sprite->y);
-        return true;
-    case Property::Z:
-        value = ZBLValueExp::counter(sprite->z);
-        return true;
-    case Property::Speed:
-        value = ZBLValueExp::counter(sprite->speed);
-        return true;
-    case Property::Class:
-        value = ZBLValueExp::className(sprite->className);
-        return true;
-    case Property::Red:
-    case Property::Orange:
-    case Property::Yellow:
-    case Property::Green:
-    case Property::Cyan:
-    case Property::Blue:
-    case Property::Purple:
-        return truth(sprite->mapSquare.getField(static_cast<int>(operand.property()) -
-                                                static_cast<int>(Property::Red)));
-    case Property::AnyKey:
-        return truth(m_run.keyboard.anyKey());
-    case Property::Key: {
+        value = spriteProperty(*sprite, operand.property(), pool);
+    } else if (operand.property() == Property::AnyKey) {
+        value = truth(m_run.keyboard.anyKey(), pool);
+    } else if (operand.property() == Property::Key) {
         const auto codes = operand.keyCodes();
-        return truth(m_run.keyboard.isDown(codes[0]) || m_run.keyboard.isDown(codes[1]));
+        value = truth(m_run.keyboard.isDown(codes[0]) || m_run.keyboard.isDown(codes[1]), pool);
+    } else {
+        value = gameProperty(m_run.game, operand.property(), pool);
     }
-    case Property::Background:
-        return named(m_run.game.backgroundName);
-    case Property::Music:
-        return named(m_run.game.musicName);
-    case Property::Map:
-        return named(m_run.game.mapName);
-    case Property::Unknown:
-        break;
-    }
-    return fail("[Internal error!] Unknown property of  " + std::string(operand.object().getName()) + ": " +
+    return value.type != ValueKind::None ||
+           fail("[Internal error!] Unknown property of  " + std::string(operand.object().getName()) + ": " +
                     *operand.propertyName(),
                 line);
 }
 
-bool ZBContext::compare(const ZBLValueExp& left, const ZBLValueExp& right, std::uint8_t op, int line,
+bool ZBContext::compare(const ZBLValueExp& left, const ZBLValueExp& right, ZBLIfExp::Operator op, int line,
                         bool& result)
 {
     if (left.type != right.type)
@@ -442,14 +454,13 @@ bool ZBContext::compare(const ZBLValueExp& left, const ZBLValueExp& right, std::
         result = holds(op, left.realVal, right.realVal);
         return true;
     }
-    using Operator = ZBLIfExp::Operator;
-    const auto which = static_cast<Operator>(op);
-    if (which == Operator::Equal || which == Operator::NotEqual) {
-        result = (left.stringVal == right.stringVal) == (which == Operator::Equal);
+    if (op == Operator::Equal || op == Operator::NotEqual) {
+        result = (left.stringVal == right.stringVal) == (op == Operator::Equal);
         return true;
     }
     if (left.isClassName())
         return fail("You can only use = and != to compare class names.", line);
+    assert(left.stringVal && right.stringVal);
     result = holds(op, *left.stringVal, *right.stringVal);
     return true;
 }
@@ -460,7 +471,7 @@ bool ZBContext::runIf(const ZBLIfExp& statement, bool& result)
     ZBLValueExp right;
     return evaluate(statement.left(), left, statement.line()) &&
            evaluate(statement.right(), right, statement.line()) &&
-           compare(left, right, static_cast<std::uint8_t>(statement.op()), statement.line(), result);
+           compare(left, right, statement.op(), statement.line(), result);
 }
 
 bool ZBContext::runMutate(const ZBLMutateExp& statement)

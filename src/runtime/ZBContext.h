@@ -91,11 +91,12 @@ private:
 
     // Running code (Interpret.cpp).
     bool Interpret(const SequenceCode& code);
-    bool changeFailed(const Step& step);
+    void changeFailed(const Step& step);
     bool evaluate(const ZBLSimpleExp& operand, ZBLValueExp& value, int line);
     bool evaluateRandom(const ZBLSimpleExp& operand, ZBLValueExp& value, int line);
     bool getProperty(const ZBLSimpleExp& operand, ZBLValueExp& value, int line);
-    bool compare(const ZBLValueExp& left, const ZBLValueExp& right, std::uint8_t op, int line, bool& result);
+    bool compare(const ZBLValueExp& left, const ZBLValueExp& right, ZBLIfExp::Operator op, int line,
+                 bool& result);
     bool runIf(const ZBLIfExp& statement, bool& result);
     bool runMutate(const ZBLMutateExp& statement);
     void runPause(const ZBLDebugExp& statement, int depth);
