@@ -44,13 +44,15 @@ constexpr int lowScreen = 740; // the window with its title bar needs this much
 /// What gives way on a low screen, so that the strip of frames stays on it.
 struct Sizes {
     Qt::ToolBarArea tools;
+    Qt::ToolButtonStyle toolText;
     int toolIcon;
     int colour;
     int stage;
     int preview;
+    bool logo;
 };
-constexpr Sizes usualSizes = {Qt::TopToolBarArea, 32, 28, 320, 128};
-constexpr Sizes lowSizes = {Qt::LeftToolBarArea, 24, 20, 280, 88};
+constexpr Sizes usualSizes = {Qt::TopToolBarArea, Qt::ToolButtonTextUnderIcon, 32, 28, 320, 128, true};
+constexpr Sizes lowSizes = {Qt::LeftToolBarArea, Qt::ToolButtonTextBesideIcon, 24, 20, 280, 88, false};
 
 const Sizes& sizesOn(const QScreen& screen)
 {
@@ -232,8 +234,8 @@ void SpriteEditor::makeToolbar()
     auto* const bar = new QToolBar(u"Tools"_s, this);
     bar->setObjectName(u"Toolbar1"_s);
     bar->setMovable(false);
-    bar->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     const Sizes& sizes = sizesOn(*screen());
+    bar->setToolButtonStyle(sizes.toolText);
     bar->setIconSize(QSize(sizes.toolIcon, sizes.toolIcon));
     for (const char* name : {"NewSprite", "OpenSprite", "SaveSprite", "", "Undo", "Redo", "", "PointerTool",
                              "PencilTool", "FillTool"}) {
@@ -349,8 +351,10 @@ QWidget* SpriteEditor::makeFrames()
         button->setFocusPolicy(Qt::TabFocus);
         row->addWidget(button);
     }
-    row->addStretch(1); // the decoration stands where it costs no height: small screens are wide
-    row->addWidget(decoration(panel, "Logo", "logo", QSize(110, 36)));
+    row->addStretch(1); // the decoration stands where it costs no height
+    auto* const logo = decoration(panel, "Logo", "logo", QSize(110, 36));
+    logo->setVisible(sizesOn(*screen()).logo);
+    row->addWidget(logo);
     layout->addLayout(row);
 
     m_strip = new StripView(m_model, panel);
