@@ -1,4 +1,4 @@
-# shellcheck shell=bash
+# shellcheck shell=bash disable=SC2034
 # The Debian packages (Debian 12) that the other scripts need, and how to get them. To be sourced.
 
 # To build the program.

@@ -34,8 +34,8 @@ bool shut(QWidget* window)
 
 } // namespace
 
-Workbench::Workbench(std::filesystem::path root)
-    : m_installation(std::move(root))
+Workbench::Workbench(const std::filesystem::path& root)
+    : m_installation(root)
 {
 }
 

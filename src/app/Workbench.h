@@ -21,7 +21,7 @@ class ZorbinoMain;
 class Workbench : public Desk
 {
 public:
-    explicit Workbench(std::filesystem::path root);
+    explicit Workbench(const std::filesystem::path& root);
     ~Workbench() override;
 
     Workbench(const Workbench&) = delete;

@@ -166,7 +166,7 @@ QIcon icon(const char* name)
     return QIcon(new DrawnIcon(file));
 }
 
-void drawAhead(std::vector<const char*> names, QSize size)
+void drawAhead(const std::vector<const char*>& names, QSize size)
 {
     loadIcons();
     drawnAhead().size = (QSizeF(size) * qApp->devicePixelRatio()).toSize();

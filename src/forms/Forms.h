@@ -31,7 +31,7 @@ QIcon icon(const char* name);
 
 /// Begins to draw icons of `size` beside the work of the caller, so that they are there when they are first
 /// shown.
-void drawAhead(std::vector<const char*> names, QSize size);
+void drawAhead(const std::vector<const char*>& names, QSize size);
 
 /// Sets name, accessible name, tip and icon of a button in one go; the tip becomes the accessible name where
 /// a caption is missing. Enter presses it.

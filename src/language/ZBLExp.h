@@ -22,7 +22,7 @@ public:
     /// Reads the lines from `from` to `to`, both included, behind the statements that are there already.
     /// False on the first fault, which has then been reported.
     bool Parse(const ZBLReader& reader, int from, int to);
-    bool isempty() const { return m_statementCount == 0; }
+    bool isempty() const { return statementCount() == 0; }
     /// Statements of the block itself, an if with all in it counting as one.
     int statementCount() const { return m_statementCount; }
     int firstLine() const { return m_firstLine; }

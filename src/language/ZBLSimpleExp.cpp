@@ -98,8 +98,8 @@ bool ZBLSimpleExp::parseProperty(std::string_view word, std::size_t dot, const Z
             m_keys[0] = key->code;
         } else if (characterLength(name) == name.size()) {
             m_property = Property::Key;
-            const char c = name.front();
-            if (name.size() == 1 && static_cast<unsigned char>(c) < 128)
+            const auto c = static_cast<unsigned char>(name.front());
+            if (name.size() == 1 && c < 128)
                 m_keys[0] = c;
             if (name.size() == 1 && c >= 'a' && c <= 'z')
                 m_keys[1] = static_cast<std::int16_t>(c - 'a' + 'A'); // the code that the letter's key sends

@@ -58,7 +58,7 @@ bool isBelow(const fs::path& path, const fs::path& root)
 
 } // namespace
 
-Installation::Installation(fs::path root)
+Installation::Installation(const fs::path& root)
 {
     std::error_code error;
     m_root = fs::canonical(root, error);

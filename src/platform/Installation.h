@@ -13,7 +13,7 @@
 class Installation
 {
 public:
-    explicit Installation(std::filesystem::path root);
+    explicit Installation(const std::filesystem::path& root);
 
     const std::filesystem::path& root() const { return m_root; }
 

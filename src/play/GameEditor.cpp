@@ -60,7 +60,7 @@ GameEditor::GameEditor(Desk& desk)
     m_closeAgain.callOnTimeout(this, &GameEditor::CloseAgain_Timer);
 
     Form_Load();
-    setButtons(RunButtons::Stopped);
+    GameEditor::setButtons(RunButtons::Stopped);
 }
 
 GameEditor::~GameEditor()
