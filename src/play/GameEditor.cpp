@@ -218,6 +218,9 @@ void GameEditor::place(QWidget& window, Where where) const
         window.resize(window.width(), std::min(window.height(), room.y())); // rather lower than half covered
         where = Where::Below;
     }
+    const bool covers = window.height() - room.y() > editor.height() / 2;
+    if (where == Where::Below && covers && free.right() - editor.right() >= window.width() + margin)
+        where = Where::Right; // the run buttons stay in sight
     QPoint corner = free.topLeft() + QPoint(margin, margin);
     if (where == Where::Right)
         corner.setX(beyond.x());
