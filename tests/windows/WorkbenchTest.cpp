@@ -103,6 +103,12 @@ TEST_F(WholeProgram, ShowsAParseErrorAboveTheCodeEditor)
     workOnFirstGame();
     click("GameEditor", "PlayButton");
     EXPECT_EQ(window("ParseError")->windowHandle()->transientParent(), window("CodeEditor")->windowHandle());
+    // On a screen that is too narrow for two, none of the three covers another.
+    const QRect editor = window("GameEditor")->frameGeometry();
+    const QRect code = window("CodeEditor")->frameGeometry();
+    EXPECT_FALSE(editor.intersects(code));
+    EXPECT_FALSE(window("ParseError")->frameGeometry().intersects(code));
+    EXPECT_TRUE(window("CodeEditor")->screen()->geometry().contains(code.bottomLeft()));
     window("GameEditor")->close();
     EXPECT_TRUE(shown("ParseError").isEmpty());
 }
