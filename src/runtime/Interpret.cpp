@@ -44,7 +44,7 @@ template<typename Value> bool holds(Operator op, const Value& left, const Value&
     return false;
 }
 
-ZBLValueExp truth(bool b, TextPool& pool)
+ZBLValueExp Bool2ZBText(bool b, TextPool& pool)
 {
     // False with a capital: no literal of a program, which is lower case, ever equals it.
     return ZBLValueExp::text(pool.intern(b ? "true" : "False"));
@@ -71,8 +71,8 @@ ZBLValueExp spriteProperty(const ZBSprite& sprite, Property property, TextPool& 
     case Property::Cyan:
     case Property::Blue:
     case Property::Purple:
-        return truth(sprite.mapSquare.getField(static_cast<int>(property) - static_cast<int>(Property::Red)),
-                     pool);
+        return Bool2ZBText(
+            sprite.mapSquare.getField(static_cast<int>(property) - static_cast<int>(Property::Red)), pool);
     default:
         return {};
     }
@@ -429,10 +429,10 @@ bool ZBContext::getProperty(const ZBLSimpleExp& operand, ZBLValueExp& value, int
             return false;
         value = spriteProperty(*sprite, operand.property(), pool);
     } else if (operand.property() == Property::AnyKey) {
-        value = truth(m_run.keyboard.anyKey(), pool);
+        value = Bool2ZBText(m_run.keyboard.anyKey(), pool);
     } else if (operand.property() == Property::Key) {
         const auto codes = operand.keyCodes();
-        value = truth(m_run.keyboard.isDown(codes[0]) || m_run.keyboard.isDown(codes[1]), pool);
+        value = Bool2ZBText(m_run.keyboard.isDown(codes[0]) || m_run.keyboard.isDown(codes[1]), pool);
     } else {
         value = gameProperty(m_run.game, operand.property(), pool);
     }

@@ -15,11 +15,11 @@ constexpr int framesBeforeZero = 20'000'000;
 constexpr int marginAroundField = 50; // sprites this far outside are still drawn
 
 /// World coordinates to pixels.
-double worldToScreenX(double x, int width)
+double WorldToScreenX(double x, int width)
 {
     return roundHalfEven(((x + 100) / 200) * width);
 }
-double worldToScreenY(double y, int height)
+double WorldToScreenY(double y, int height)
 {
     return roundHalfEven((1 - (y + 100) / 200) * height);
 }
@@ -216,8 +216,8 @@ void ZBContext::DrawFrame()
         const ZBSprite& sprite = m_run.sprites[static_cast<std::size_t>(i)];
         if (sprite.hidden || !sprite.graphic)
             continue;
-        const double x = worldToScreenX(sprite.x, display.width());
-        const double y = worldToScreenY(sprite.y, display.height());
+        const double x = WorldToScreenX(sprite.x, display.width());
+        const double y = WorldToScreenY(sprite.y, display.height());
         if (x > -marginAroundField && y > -marginAroundField && x < display.width() + marginAroundField &&
             y < display.height() + marginAroundField)
             sprite.graphic->Draw(display, static_cast<int>(x), static_cast<int>(y),

@@ -399,7 +399,6 @@ TEST(GameDisplay, HoldsAKeyThroughItsRepetitionsAndThroughAFrame)
         const char* what;
         std::vector<KeyStroke> strokes;
         QString atOnce;
-        QString soon;  ///< before the next frame
         QString later; ///< when a frame has passed
     };
     const Row rows[] = {
@@ -410,16 +409,13 @@ TEST(GameDisplay, HoldsAKeyThroughItsRepetitionsAndThroughAFrame)
           {up, 740, 113, Qt::Key_Left},
           {down, 740, 113, Qt::Key_Left}},
          QStringLiteral("+37"),
-         QStringLiteral("+37"),
          QStringLiteral("+37")},
         {"held and let go",
          {{down, 100, 113, Qt::Key_Left}, {up, 700, 113, Qt::Key_Left}},
          QStringLiteral("+37"),
-         QStringLiteral("+37-37"),
          QStringLiteral("+37-37")},
         {"a quick tap",
          {{down, 100, 113, Qt::Key_Left}, {up, 101, 113, Qt::Key_Left}},
-         QStringLiteral("+37"),
          QStringLiteral("+37"),
          QStringLiteral("+37-37")},
         {"another key comes between",
@@ -429,11 +425,9 @@ TEST(GameDisplay, HoldsAKeyThroughItsRepetitionsAndThroughAFrame)
           {up, 700, 114, Qt::Key_Right},
           {down, 700, 114, Qt::Key_Right}},
          QStringLiteral("+37+39"),
-         QStringLiteral("+37+39-37"),
          QStringLiteral("+37+39-37")},
         {"no keyboard's key",
          {{down, 100, 0, Qt::Key_Left}, {up, 101, 0, Qt::Key_Left}},
-         QStringLiteral("+37-37"),
          QStringLiteral("+37-37"),
          QStringLiteral("+37-37")},
     };
@@ -451,10 +445,8 @@ TEST(GameDisplay, HoldsAKeyThroughItsRepetitionsAndThroughAFrame)
             QApplication::sendEvent(&display, &event);
         }
         EXPECT_EQ(seen, row.atOnce) << row.what;
-        QTest::qWait(12);
-        EXPECT_EQ(seen, row.soon) << row.what;
         QTest::qWait(60);
-        EXPECT_EQ(seen, row.later) << row.what;
+        EXPECT_TRUE(QTest::qWaitFor([&] { return seen == row.later; })) << row.what;
     }
 }
 
