@@ -152,10 +152,9 @@ std::vector<GameRecord> ListGames(const Installation& installation)
     return games;
 }
 
-GameRecord readGameRecord(const Installation& installation, std::string_view folder,
-                          std::string_view gamesFolder)
+GameRecord readGameRecord(const Installation& installation, std::string_view folder, std::string_view games)
 {
-    const std::string path = joined(joined(gamesFolder, folder), "prop.zbo");
+    const std::string path = joined(joined(games, folder), "prop.zbo");
     return recordOf(folder, installation.readText(path).value_or(std::string()));
 }
 

@@ -19,10 +19,10 @@ std::optional<std::string> CreateGameFolder(const Installation& installation, st
 /// folder without prop.zbo) are skipped; a missing line of prop.zbo is an empty text.
 std::vector<GameRecord> ListGames(const Installation& installation);
 
-/// The author and title of one game folder ("00000001\"), empty where prop.zbo is missing. `gamesFolder`
+/// The author and title of one game folder ("00000001\"), empty where prop.zbo is missing. `games`
 /// stands before the folder in the path of the game.
 GameRecord readGameRecord(const Installation& installation, std::string_view folder,
-                          std::string_view gamesFolder = "games\\");
+                          std::string_view games = "games\\");
 
 /// Names of the sprite graphics of a game's folder ("games\00000001\"), without their ending, sorted.
 std::vector<std::string> spriteNames(const Installation& installation, std::string_view folder);
