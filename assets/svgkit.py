@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The Zorbino team
+# SPDX-License-Identifier: MIT
+
 """Pens and brushes for the drawings of the games: gradients, round lettering, key caps, digits, hearts.
 
 The lettering is made of strokes, so the pictures do not depend on the fonts of a machine.

@@ -1,4 +1,7 @@
 #!/usr/bin/env python3
+# SPDX-FileCopyrightText: 2026 The Zorbino team
+# SPDX-License-Identifier: MIT
+
 """Draws the art of Zorbino: reads small manifests and writes sprites, pictures, icons and PNGs.
 
     python3 assets/zbart.py [MANIFEST...]        (default: every assets/*/art.json)

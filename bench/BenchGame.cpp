@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "BenchGame.h"
 
 #include "platform/TextFile.h"
@@ -25,12 +28,16 @@ BenchGame::BenchGame(Frames frames, int graphicSize)
     , m_graphicSize(graphicSize)
     , m_installation(m_folder)
     , m_interpreter(m_module, m_installation, *this,
-                    Ports{*this, m_noGameEditor, m_noCodeEditor, *this, *this, *this})
+                    Ports{.screen = *this,
+                          .gameEditor = m_noGameEditor,
+                          .codeEditor = m_noCodeEditor,
+                          .spy = *this,
+                          .parseError = *this})
 {
     m_module.GamesFolder.clear();
     const std::string size = std::to_string(graphicSize);
     if (!writeFileWhole(m_folder / "dot.spr", "bench\r\nSimple," + size + "," + size + ",1\r\n") ||
-        !writeFileWhole(m_folder / "dot.spb", "drawn by read()"))
+        !writeFileWhole(m_folder / "dot.spb", "drawn by decode()"))
         std::abort();
 }
 
@@ -42,7 +49,7 @@ BenchGame::~BenchGame()
 
 void BenchGame::start(std::string_view text, int mode)
 {
-    m_interpreter.RunGame(text, mode);
+    static_cast<void>(m_interpreter.RunGame(text, mode)); // the first frame tells whether it runs
     frame();
     if (!context().InterpreterRunning())
         std::exit(EXIT_FAILURE);
@@ -50,7 +57,8 @@ void BenchGame::start(std::string_view text, int mode)
 
 void BenchGame::frame()
 {
-    m_interpreter.timerTick();
+    if (m_interpreter.timerTick() == Progress::Told)
+        show(m_interpreter.takeFaults().front().message);
 }
 
 void BenchGame::addHistoryLine(std::string_view line)
@@ -64,12 +72,7 @@ void BenchGame::show(std::string_view text)
     std::exit(EXIT_FAILURE);
 }
 
-void BenchGame::messageBox(std::string_view text)
-{
-    show(text);
-}
-
-std::optional<Surface> BenchGame::read(const std::filesystem::path& /*file*/)
+std::optional<Surface> BenchGame::decode(std::string_view /*bytes*/)
 {
     // A disc: opaque inside, transparent outside.
     Surface picture(2 * m_graphicSize, m_graphicSize, black);

@@ -1,6 +1,9 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
-#include "runtime/QuietPorts.h"
+#include "headless/QuietPorts.h"
 #include "runtime/ZBContext.h"
 #include "runtime/ZBInterpreter.h"
 
@@ -10,11 +13,7 @@
 #include <string_view>
 
 /// A game without a window for measurements, in a scratch folder with one sprite graphic named "dot".
-class BenchGame : private QuietScreen,
-                  private QuietSpy,
-                  private ParseErrorPort,
-                  private UserPort,
-                  private PictureReader
+class BenchGame : private QuietScreen, private QuietSpy, private ParseErrorPort, private PictureReader
 {
 public:
     enum class Frames { Skipped, Drawn };
@@ -36,10 +35,8 @@ private:
     void close() override {}
     using QuietScreen::show;
     void show(std::string_view text) override;
-    void messageBox(std::string_view text) override;
     void beep() override {}
-    void deliverMessages(Wait /*wait*/) override {}
-    std::optional<Surface> read(const std::filesystem::path& file) override;
+    std::optional<Surface> decode(std::string_view bytes) override;
 
     std::filesystem::path m_folder;
     Frames m_frames;

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "BenchGame.h"
 
 #include "platform/Rounding.h"
@@ -293,6 +296,35 @@ end
         lua.call("frame");
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
+// ---- A copy of a run and the way back, beside a copy of the bytes of its sprites
+
+void Copy_Memcpy(benchmark::State& state)
+{
+    std::vector<char> from(static_cast<std::size_t>(state.range(0)) * sizeof(ZBSprite), 'x');
+    std::vector<char> there(from.size());
+    for (auto _ : state) {
+        std::memcpy(there.data(), from.data(), from.size());
+        benchmark::ClobberMemory();
+        std::memcpy(from.data(), there.data(), from.size());
+        benchmark::ClobberMemory();
+    }
+}
+
+void Copy_SaveAndRestore(benchmark::State& state)
+{
+    BenchGame game;
+    const auto states = creationStates(static_cast<int>(state.range(0)), "");
+    game.start(program(states, spriteStatements), 0);
+    for (std::size_t i = 0; i < states.size() + 10; ++i)
+        game.frame();
+    for (auto _ : state) {
+        const RunState copy = game.context().save();
+        game.context().restore(copy);
+    }
+}
+
+BENCHMARK(Copy_Memcpy)->Arg(1000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(Copy_SaveAndRestore)->Arg(20)->Arg(1000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(Frame_Lua)->Arg(100)->Arg(1000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(Frame_Zorbino)->Arg(100)->Arg(1000)->Unit(benchmark::kMicrosecond);
 
@@ -300,6 +332,13 @@ BENCHMARK(Frame_Zorbino)->Arg(100)->Arg(1000)->Unit(benchmark::kMicrosecond);
 // ----------------------------------------------------------------------------------------------------------
 
 constexpr int graphicSize = 32;
+
+struct Rect {
+    int x = 0;
+    int y = 0;
+    int width = 0;
+    int height = 0;
+};
 
 /// Where the sprites of the lattice are drawn: their top left corners, and how many of their pixels show.
 std::vector<Rect> placesOf(int count)
@@ -353,9 +392,9 @@ BENCHMARK(DrawFrame_Zorbino)->Arg(0)->Arg(1000)->Unit(benchmark::kMicrosecond);
 class Silent : public ParseReporter
 {
 public:
-    void parseError(std::string_view report, int /*line*/) override
+    void parseError(const ParseFault& fault) override
     {
-        std::fprintf(stderr, "%s\n", std::string(report).c_str());
+        std::fprintf(stderr, "line %d: %s\n", fault.line, fault.message.c_str());
         std::exit(EXIT_FAILURE);
     }
     void beep() override {}

@@ -1,10 +1,13 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 // What a key costs in the code editor, beside a bare text box with the same text in the same run. The two are
 // measured in turns, so that whatever else the machine does strikes both. Prints times in microseconds (the
 // median), the ratio and its limit, and ends with 1 where a limit is not kept. Runs off screen with
 // QT_QPA_PLATFORM=offscreen.
 #include "editor/CodeEditor.h"
-#include "forms/Forms.h"
-#include "windows/PretendDesk.h"
+#include "forms/Style.h"
+#include "support/PretendDesk.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -131,7 +134,7 @@ class Bench
 {
 public:
     Bench()
-        : m_desk(m_installation.root())
+        : m_desk(m_installation.path())
         , m_editor(std::make_unique<CodeEditor>(m_desk))
         , m_view(m_editor->findChild<CodeView*>())
     {
@@ -255,7 +258,7 @@ private:
         row("  a character typed there", median(ours), median(bare), 0);
     }
 
-    TemporaryInstallation m_installation;
+    ScratchFolder m_installation;
     PretendDesk m_desk;
     std::unique_ptr<CodeEditor> m_editor;
     CodeView* m_view;
@@ -268,6 +271,6 @@ private:
 int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
-    forms::dressApplication();
+    forms::setUpApplication();
     return Bench().run();
 }

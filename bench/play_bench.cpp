@@ -1,12 +1,16 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 // What it costs to show a frame, beside a copy of its pixels in the same run; and how many frames a second a
 // game of 100 sprites with six statements each reaches while all of it is traced into the visible spy window,
 // and how much of the processor it takes. Ends with 1 where a limit is not kept. Runs on a display, or off
 // screen with QT_QPA_PLATFORM=offscreen.
+#include "forms/Style.h"
 #include "play/GameDisplay.h"
 #include "play/GameEditor.h"
 #include "runtime/ZBContext.h"
 #include "runtime/ZBInterpreter.h"
-#include "windows/PlayDesk.h"
+#include "support/PlayDesk.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -138,7 +142,7 @@ int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
-    forms::dressApplication();
+    forms::setUpApplication();
     const bool shown = showFrames();
     const bool traced = traceRun();
     return shown && traced ? 0 : 1;

@@ -1,7 +1,13 @@
+# SPDX-FileCopyrightText: 2026 The Zorbino team
+# SPDX-License-Identifier: MIT
+
 # One place for the flags that every target of ours shares.
 add_library(zb_flags INTERFACE)
 target_compile_options(zb_flags INTERFACE
     -Wall -Wextra -Wpedantic -Werror $<IF:$<CXX_COMPILER_ID:GNU>,-Wshadow=local,-Wshadow> -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-qual
+    -Wconversion -Wsign-conversion
+    # Sizes have 32 bits there; what is counted in 64 has been held against the sizes of files before it is an index.
+    $<$<BOOL:${ZB_WEB}>:-Wno-shorten-64-to-32>
     # GCC 12 sees overlapping copies in every sum of strings (its bug 105651).
     $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
     # The same sums on every machine: no fused multiply-add behind our back.
@@ -13,10 +19,14 @@ if(ZB_SANITIZE)
     target_compile_options(zb_flags INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(zb_flags INTERFACE -fsanitize=address,undefined)
 endif()
+if(ZB_COVERAGE)
+    # The tests write which lines they reach; scripts/coverage makes a report of it.
+    target_compile_options(zb_flags INTERFACE --coverage -fprofile-update=atomic)
+    target_link_options(zb_flags INTERFACE --coverage)
+endif()
 if(ZB_FUZZ)
     # The fuzzers see which lines of the core an input reaches.
     target_compile_options(zb_flags INTERFACE -fsanitize=fuzzer-no-link)
-    target_compile_definitions(zb_flags INTERFACE FUZZING_BUILD_MODE_UNSAFE_FOR_PRODUCTION)
 endif()
 
 # zb_library(NAME dependency...): a static library with the shared flags; its sources are added by

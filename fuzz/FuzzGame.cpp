@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "FuzzGame.h"
 
 #include "platform/TextFile.h"
@@ -40,6 +43,7 @@ FuzzGame::FuzzGame()
         std::filesystem::remove_all(left, ignored);
     });
     m_module.GamesFolder = "";
+    m_player.interpreter().context().events().setMostWorkInPass(100'000); // many games rather than long ones
     write("dot.spr", "\r\nAnimated,1,1,2\r\n");
     Surface picture(2, 2, black);
     picture.set(0, 0, white);
@@ -56,11 +60,11 @@ void FuzzGame::write(std::string_view name, std::string_view bytes) const
     std::ofstream(m_folder / name, std::ios::binary) << bytes;
 }
 
-void FuzzGame::play(std::string_view program, int frames)
+void FuzzGame::play(std::string_view program, int frames, const std::vector<KeyChange>& keys)
 {
     HeadlessOptions options;
     options.frames = frames;
     options.trace = options.dump = options.wantsPicture = options.showMap = true;
     options.boxes = {true, true, true};
-    m_player.run(withProductLineEnds(decodeText(program)), options, {{1, true, 37}, {2, false, 37}});
+    m_player.run(withProductLineEnds(decodeText(program)), options, keys);
 }

@@ -1,11 +1,16 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
-#include "app/HeadlessPlayer.h"
-#include "platform/qt/QtPictures.h"
+#include "headless/HeadlessPlayer.h"
+#include "platform/Installation.h"
+#include "platform/pictures/PictureFiles.h"
 
 #include <cstdint>
 #include <filesystem>
 #include <string_view>
+#include <vector>
 
 /// A scratch game that lives as long as the fuzzer. Its folder holds the graphic "dot" and the map "map";
 /// inputs are written beside them.
@@ -18,7 +23,8 @@ public:
     void write(std::string_view name, std::string_view bytes) const;
     const std::filesystem::path& folder() const { return m_folder; }
     /// Plays a program for some frames, drawn and with every box ticked.
-    void play(std::string_view program, int frames);
+    void play(std::string_view program, int frames,
+              const std::vector<KeyChange>& keys = {{1, true, 37}, {2, false, 37}});
     HeadlessPlayer& player() { return m_player; }
 
 private:
@@ -26,7 +32,7 @@ private:
 
     std::filesystem::path m_folder;
     ZB m_module;
-    QtPictures m_pictures;
+    PictureFiles m_pictures;
     Installation m_installation;
     HeadlessPlayer m_player;
 };

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "FuzzGame.h"
 
 // A description file and its picture: everything up to the first 0 byte is the description.

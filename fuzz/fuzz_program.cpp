@@ -1,8 +1,13 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "FuzzGame.h"
 
+#include "language/Faults.h"
+#include "language/LineScanner.h"
 #include "runtime/ProgramCode.h"
 
-// A program text: read, listed and played for a few frames.
+// A program text: read, listed, searched for faults, cut into tokens and played for a few frames.
 
 namespace
 {
@@ -10,7 +15,7 @@ namespace
 class Silent : public ParseReporter
 {
 public:
-    void parseError(std::string_view /*report*/, int /*line*/) override {}
+    void parseError(const ParseFault& /*fault*/) override {}
     void beep() override {}
 };
 
@@ -26,8 +31,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const LineArray lines(text);
     Silent silent;
     ZBLProgramExp program;
-    if (program.Parse(lines, silent))
+    const bool isFine = program.Parse(lines, silent);
+    if (isFine)
         static_cast<void>(program.Display());
+    if (findFaults(text).empty() != isFine)
+        __builtin_trap();
+    int depth = 0;
+    for (const std::string_view line : splitLines(text))
+        depth = scanLine(line, depth).depth;
 
     FuzzGame& game = FuzzGame::instance();
     game.play(text, 3);
@@ -35,10 +46,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     ZBContext& context = game.player().interpreter().context();
     if (context.InterpreterRunning()) {
         const RunState saved = context.save();
-        game.player().interpreter().timerTick();
+        game.player().playFrame();
         const auto first = context.DumpVariablesInto();
         context.restore(saved);
-        game.player().interpreter().timerTick();
+        game.player().playFrame();
         if (context.DumpVariablesInto() != first)
             __builtin_trap();
     }

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The Zorbino team
+# SPDX-License-Identifier: MIT
+
 """Candy Bounce: sweets, a gum ball and a bat under a pink evening sky."""
 
 import math

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The Zorbino team
+# SPDX-License-Identifier: MIT
+
 """Comet Patrol: a little fighter, saucers, rocks and their mother ship, far out in space."""
 
 import math

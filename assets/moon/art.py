@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The Zorbino team
+# SPDX-License-Identifier: MIT
+
 """Moon Lander: three moons, a round little rocket and its flame.
 
 Each moon is one line of heights, 40 of them; P marks a landing pad.  From it come the picture and the map,
@@ -37,7 +40,7 @@ def moon_map(number):
             pad = all(first <= c <= last for c in near)
             squares.append("0" if not ground else "8" if pad else "1")
     legend = ["rock", "", "", "landing pad", "", "", ""]
-    return "\r\n".join(["", f"moon{number}.jpg", f" {COLUMNS}", f" {COLUMNS}"] + legend + [""] * 14 + squares) + "\r\n"
+    return "\r\n".join(["", f"00000006\\moon{number}.jpg", f" {COLUMNS}", f" {COLUMNS}"] + legend + [""] * 14 + squares) + "\r\n"
 
 
 def _outline(heights, pad):

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The Zorbino team
+# SPDX-License-Identifier: MIT
+
 """The Hungry Mouse: two mazes, drawn and written as maps from the same plans.
 
 In a plan # is a wall, R and Y are doors, E the exit, T a trap, W a puddle, P a hole, and a blank is path.
@@ -54,7 +57,7 @@ LEGENDS = ["red door", "mousetrap", "golden door", "the way out", "puddle", "wal
 
 def maze_map(number):
     plan = PLANS[number]
-    lines = ["", ["", "garden.jpg", "cellar.jpg"][number], f" {len(plan[0])}", f" {len(plan)}"]
+    lines = ["", ["", "00000002\\garden.jpg", "00000002\\cellar.jpg"][number], f" {len(plan[0])}", f" {len(plan)}"]
     lines += LEGENDS + [""] * 14
     lines += [str(COLOURS.get(square, 0)) for row in plan for square in row]
     return "\r\n".join(lines) + "\r\n"

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The Zorbino team
+# SPDX-License-Identifier: MIT
+
 """Koi Pond: a pond from above, a rower with a straw hat, carps and a pike."""
 
 import math

@@ -1,3 +1,6 @@
+# SPDX-FileCopyrightText: 2026 The Zorbino team
+# SPDX-License-Identifier: MIT
+
 """Snail Race: four snails on four tracks in a summer garden."""
 
 import math

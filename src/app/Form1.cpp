@@ -1,6 +1,12 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "app/Form1.h"
 
-#include "forms/Forms.h"
+#include "forms/Icons.h"
+#include "forms/MessageBoxes.h"
+#include "forms/Style.h"
+#include "forms/Texts.h"
 #include "language/ZBLProgramExp.h"
 #include "platform/Installation.h"
 #include "platform/TextFile.h"
@@ -18,19 +24,16 @@
 namespace
 {
 
-/// Keeps the one message of a parse.
+using namespace Qt::StringLiterals;
+
+/// Keeps the one fault of a parse.
 class Keeper : public ParseReporter
 {
 public:
-    void parseError(std::string_view report, int line) override
-    {
-        message = report;
-        errorLine = line;
-    }
+    void parseError(const ParseFault& found) override { fault = found; }
     void beep() override { QApplication::beep(); }
 
-    std::string message;
-    int errorLine = 0;
+    ParseFault fault;
 };
 
 QPlainTextEdit* textBox(const char* name, const QString& accessibleName)
@@ -49,7 +52,7 @@ QPlainTextEdit* textBox(const char* name, const QString& accessibleName)
 QPushButton* button(const char* name, const char* iconName, const QString& caption, const QString& tip)
 {
     auto* made = new QPushButton(caption);
-    forms::dressButton(*made, name, iconName, tip);
+    forms::setUpButton(*made, name, iconName, tip);
     return made;
 }
 
@@ -68,17 +71,17 @@ void goToLine(QPlainTextEdit& box, int line)
 
 Form1::Form1()
     : FileName(new QLineEdit)
-    , ProgramText(textBox("ProgramText", tr("The program text")))
-    , Listing(textBox("Listing", tr("What was read")))
+    , ProgramText(textBox("ProgramText", u"The program text"_s))
+    , Listing(textBox("Listing", u"What was read"_s))
 {
-    setObjectName(QStringLiteral("Form1"));
-    setWindowTitle(tr("Parse test"));
-    FileName->setObjectName(QStringLiteral("FileName"));
-    FileName->setPlaceholderText(QStringLiteral("games/00000001/code.txt"));
-    auto* label = new QLabel(tr("Program &file:"));
+    setObjectName(u"Form1"_s);
+    setWindowTitle(u"Parse test"_s);
+    FileName->setObjectName(u"FileName"_s);
+    FileName->setPlaceholderText(u"games/00000001/code.txt"_s);
+    auto* label = new QLabel(u"Program &file:"_s);
     label->setBuddy(FileName);
-    auto* parse = button("ParseButton", "ok", tr("&Parse"), tr("Read the program file"));
-    auto* line = button("LineButton", "gotoline", tr("&Line..."), tr("Move the text cursor to a line"));
+    auto* parse = button("ParseButton", "ok", u"&Parse"_s, u"Read the program file"_s);
+    auto* line = button("LineButton", "gotoline", u"&Line..."_s, u"Move the text cursor to a line"_s);
 
     auto* row = new QHBoxLayout;
     for (QWidget* widget : {static_cast<QWidget*>(label), static_cast<QWidget*>(FileName),
@@ -104,7 +107,7 @@ void Form1::ParseButton_Click()
     const std::string name = forms::toUtf8(FileName->text());
     const auto bytes = readFileBytes(name, Installation::maximumFileSize);
     if (!bytes) {
-        forms::tell(this, tr("I can't read the file \"%1\".").arg(FileName->text()));
+        forms::warn(this, u"I can't read the file \"%1\"."_s.arg(FileName->text()));
         return;
     }
     const std::string text = withProductLineEnds(decodeText(*bytes));
@@ -117,13 +120,13 @@ void Form1::ParseButton_Click()
         Listing->setPlainText(forms::fromUtf8(program.Display()));
         return;
     }
-    Listing->setPlainText(forms::fromUtf8(keeper.message));
-    goToLine(*ProgramText, keeper.errorLine);
+    Listing->setPlainText(forms::fromUtf8(reportText(keeper.fault, lines)));
+    goToLine(*ProgramText, keeper.fault.line);
 }
 
 void Form1::LineButton_Click()
 {
-    const auto answer = forms::askText(this, windowTitle(), tr("line number"));
+    const auto answer = forms::askText(this, windowTitle(), u"line number"_s);
     if (answer)
         goToLine(*ProgramText, answer->toInt());
 }

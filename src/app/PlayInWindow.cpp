@@ -1,28 +1,26 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "app/PlayInWindow.h"
 
-#include "forms/Forms.h"
-#include "platform/qt/QtPictures.h"
+#include "app/GameModule.h"
+#include "forms/Style.h"
+#include "platform/pictures/PictureFiles.h"
 #include "play/GamePlayer.h"
 #include "runtime/ZBInterpreter.h"
 
 #include <QApplication>
 
-#include <algorithm>
-#include <array>
 #include <chrono>
 
-bool hasDisplay()
+Q_DECL_EXPORT Ending zblPlayInWindow(int* argc, char** argv, const char* game)
 {
-    // What the toolkit itself looks at.
-    return std::ranges::any_of(std::array{"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"},
-                               [](const char* name) { return !qEnvironmentVariableIsEmpty(name); });
-}
-
-Ending playInWindow(int& argc, char** argv, ZB& module, const Installation& installation)
-{
-    QApplication application(argc, argv);
-    forms::dressApplication();
-    QtPictures pictures;
+    const GamePlace place = placeOf(game);
+    const Installation installation(place.installation);
+    ZB module = moduleOf(installation, place);
+    QApplication application(*argc, argv);
+    forms::setUpApplication();
+    PictureFiles pictures;
     GamePlayer player(module, installation, pictures);
     player.interpreter().setSeed(
         static_cast<std::uint64_t>(std::chrono::system_clock::now().time_since_epoch().count()));

@@ -1,27 +1,37 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "app/Workbench.h"
 
+#include "app/Tracker.h"
 #include "editor/CodeEditor.h"
-#include "forms/Forms.h"
+#include "forms/MessageBoxes.h"
+#include "forms/PlaceWindow.h"
+#include "forms/Replacing.h"
+#include "forms/Style.h"
+#include "games/GameFolders.h"
 #include "library/Properties.h"
 #include "library/Resources.h"
-#include "library/Tracker.h"
 #include "library/ZorbinoMain.h"
 #include "mapeditor/MapEditor.h"
 #include "play/GameEditor.h"
-#include "play/SpriteEditor.h"
-#include "runtime/GameFolders.h"
+#include "sprites/SpriteEditor.h"
 
 #include <QCoreApplication>
+#include <QTimer>
 
 namespace
 {
 
+using namespace Qt::StringLiterals;
+
 /// Shows the one window of its kind; it is made where there is none.
-template<typename Form> void open(QPointer<Form>& form, Desk& desk)
+template<typename Form, typename... What> void open(QPointer<Form>& form, Desk& desk, What&... what)
 {
     if (form.isNull()) {
-        form = new Form(desk);
+        form = new Form(desk, what...);
         form->setAttribute(Qt::WA_DeleteOnClose);
+        forms::placeWindow(*form);
     }
     forms::bringUp(*form);
 }
@@ -69,9 +79,39 @@ void Workbench::showLibrary()
     open(m_library, *this);
 }
 
+void Workbench::showLibrary(const QImage& backdrop)
+{
+    open(m_library, *this, backdrop);
+}
+
 void Workbench::showGameEditor()
 {
+    const bool isNew = m_gameEditor.isNull();
     open(m_gameEditor, *this);
+    if (isNew)
+        lockGame();
+}
+
+/// The game is locked for as long as its game editor lives.
+void Workbench::lockGame()
+{
+    m_gameLock = GameLock(m_installation, m_module.CurrentGame.folder);
+    m_mayChangeShared = false;
+    QObject::connect(m_gameEditor, &QObject::destroyed, [this] { m_gameLock = GameLock(); });
+    if (!m_gameLock.isTakenElsewhere())
+        return;
+    // Later, when whoever opens the game is done with it.
+    QTimer::singleShot(0, m_gameEditor, [editor = m_gameEditor] {
+        forms::tell(editor, u"Somebody else is working on this game, too, in another window of Zorbino.\n\n"
+                            "You may look at it and play it. I will ask you before I save anything."_s);
+    });
+}
+
+bool Workbench::mayChangeGame(QWidget* parent)
+{
+    if (!m_mayChangeShared && m_gameLock.isTakenElsewhere())
+        m_mayChangeShared = forms::askReplaceShared(parent);
+    return m_mayChangeShared || !m_gameLock.isTakenElsewhere();
 }
 
 void Workbench::showMapEditor()
@@ -81,12 +121,12 @@ void Workbench::showMapEditor()
 
 void Workbench::showProperties()
 {
-    open(m_properties, *this);
+    open(m_properties, *this, m_module.CurrentGame);
 }
 
 void Workbench::showResources()
 {
-    open(m_resources, *this);
+    open(m_resources, *this, m_module.CurrentGame);
 }
 
 void Workbench::showSpriteEditor(const QString& graphicName)
@@ -101,6 +141,7 @@ void Workbench::showSpriteEditor(const QString& graphicName)
     auto* editor = new SpriteEditor(*this, graphicName);
     editor->setAttribute(Qt::WA_DeleteOnClose);
     m_spriteEditors.emplace_back(editor);
+    forms::placeWindow(*editor);
     forms::bringUp(*editor);
 }
 

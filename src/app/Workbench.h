@@ -1,7 +1,11 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include "forms/Desk.h"
-#include "platform/qt/QtPictures.h"
+#include "games/GameLock.h"
+#include "platform/pictures/PictureFiles.h"
 
 #include <QPointer>
 
@@ -27,6 +31,8 @@ public:
     Workbench(const Workbench&) = delete;
     Workbench& operator=(const Workbench&) = delete;
 
+    /// Opens the library with a backdrop that has been read before.
+    void showLibrary(const QImage& backdrop);
     /// Opens the progress window; messages that come before it are lost.
     void showTracker();
     /// Opens each window once, on the first game of the library; false where one does not come up.
@@ -43,14 +49,19 @@ public:
     void showProperties() override;
     void showResources() override;
     bool closeGameWindows() override;
+    bool mayChangeGame(QWidget* parent) override;
     CodeEditorForm* createCodeEditor() override;
     void gameTitleChanged() override;
     void exitProgram() override;
 
 private:
+    void lockGame();
+
     Installation m_installation;
-    QtPictures m_pictures;
+    PictureFiles m_pictures;
     ZB m_module;
+    GameLock m_gameLock;
+    bool m_mayChangeShared = false; ///< the user wants to save into a game that is open elsewhere
     std::unique_ptr<Tracker> m_tracker;
     QPointer<ZorbinoMain> m_library;
     QPointer<GameEditor> m_gameEditor;

@@ -1,17 +1,22 @@
-#include "app/HeadlessPlayer.h"
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
 
-#include "language/ZBLProgramExp.h"
-#include "platform/TextFile.h"
-#include "platform/qt/QtPictures.h"
-#include "runtime/GameFolders.h"
+#include "headless/HeadlessPlayer.h"
 
-#ifdef ZB_WITH_WINDOWS
+#include "app/GameModule.h"
 #include "app/PlayInWindow.h"
-#endif
+#include "language/ZBLProgramExp.h"
+#include "platform/Installation.h"
+#include "platform/TextFile.h"
+#include "platform/pictures/PictureFiles.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cstdio>
+#include <cstdlib>
+#include <dlfcn.h>
+#include <new>
 #include <span>
 #include <string>
 #include <vector>
@@ -68,8 +73,18 @@ int finish(int status)
 class PrintingReporter : public ParseReporter
 {
 public:
-    void parseError(std::string_view report, int /*line*/) override { writeMessage(printLine, "? ", report); }
+    explicit PrintingReporter(const LineArray& lines)
+        : m_lines(lines)
+    {
+    }
+    void parseError(const ParseFault& fault) override
+    {
+        writeMessage(printLine, "? ", reportText(fault, m_lines));
+    }
     void beep() override {}
+
+private:
+    const LineArray& m_lines;
 };
 
 int check(const std::string& file)
@@ -78,7 +93,7 @@ int check(const std::string& file)
     if (!bytes)
         return complain("cannot read " + file);
     const LineArray lines(withProductLineEnds(decodeText(*bytes)));
-    PrintingReporter reporter;
+    PrintingReporter reporter(lines);
     ZBLProgramExp program;
     return finish(program.Parse(lines, reporter) ? Fine : ParseFailed);
 }
@@ -163,15 +178,6 @@ std::string parseWords(std::span<char*> words, RunWords& call)
     return call.game.empty() ? "zbl run takes the folder of a game" : "";
 }
 
-/// The module for a game of that place.
-ZB moduleOf(const Installation& installation, const GamePlace& place)
-{
-    ZB module;
-    module.GamesFolder = place.gamesFolder;
-    module.CurrentGame = readGameRecord(installation, place.folder, place.gamesFolder);
-    return module;
-}
-
 int run(std::span<char*> words)
 {
     RunWords call;
@@ -195,7 +201,7 @@ int run(std::span<char*> words)
     if (!text)
         return complain("cannot read the program of the game in " + call.game);
     ZB module = moduleOf(installation, place);
-    QtPictures pictures;
+    PictureFiles pictures;
     HeadlessPlayer player(module, installation, pictures, printLine);
     const auto result = player.run(withProductLineEnds(*text), call.options, keys);
     if (result != HeadlessPlayer::Result::ParseError && call.options.wantsPicture &&
@@ -204,17 +210,36 @@ int run(std::span<char*> words)
     return finish(static_cast<int>(result));
 }
 
-int play([[maybe_unused]] int argc, [[maybe_unused]] char** argv, const std::string& game)
+/// Whether there is a screen to open a window on. Without one the toolkit would end the program.
+bool hasDisplay()
+{
+    // What the toolkit itself looks at.
+    return std::ranges::any_of(std::array{"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"},
+                               [](const char* name) {
+                                   const char* const value = std::getenv(name);
+                                   return value != nullptr && *value != '\0';
+                               });
+}
+
+/// The part of zbl that has windows, or null where it is not installed.
+PlayInWindow loadWindows()
+{
+    void* const library = dlopen("libzbl-window.so", RTLD_NOW); // found by the paths that zbl is linked with
+    return library != nullptr ? reinterpret_cast<PlayInWindow>(dlsym(library, "zblPlayInWindow")) : nullptr;
+}
+
+int play(int argc, char** argv, const std::string& game)
 {
     const GamePlace place = placeOf(game);
     const Installation installation(place.installation);
     if (!installation.isFile(place.gamesFolder + place.folder + "code.txt"))
         return complain("cannot read the program of the game in " + game);
-#ifdef ZB_WITH_WINDOWS
     if (!hasDisplay())
         return complain("there is no display here; zbl run plays without one");
-    ZB module = moduleOf(installation, place);
-    switch (playInWindow(argc, argv, module, installation)) {
+    const PlayInWindow playInWindow = loadWindows();
+    if (playInWindow == nullptr)
+        return complain("this zbl is installed without windows; zbl run plays without one");
+    switch (playInWindow(&argc, argv, game.c_str())) {
     case Ending::Closed:
         return Fine;
     case Ending::Unreadable:
@@ -225,14 +250,9 @@ int play([[maybe_unused]] int argc, [[maybe_unused]] char** argv, const std::str
         return RunFailed;
     }
     return Fine;
-#else
-    return complain("this zbl was built without windows; zbl run plays without one");
-#endif
 }
 
-} // namespace
-
-int main(int argc, char** argv)
+int call(int argc, char** argv)
 {
     const std::span<char*> words(argv, static_cast<std::size_t>(argc));
     const std::string command = argc > 1 ? words[1] : "";
@@ -249,4 +269,15 @@ int main(int argc, char** argv)
         return play(argc, argv, words[2]);
     return complain(
         "call me as \"zbl check FILE\", \"zbl run GAME\" or \"zbl play GAME\" (zbl --help tells more)");
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    try {
+        return call(argc, argv);
+    } catch (const std::bad_alloc&) { // what a run asks for in vain ends the run; this was for something else
+        return complain("there is not enough memory");
+    }
 }

@@ -1,19 +1,27 @@
-#include "app/Workbench.h"
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
 
-#include "forms/Forms.h"
+#include "app/StartEarly.h"
+#include "app/Workbench.h"
+#include "app/WritableCheck.h"
+
+#include "forms/MessageBoxes.h"
+#include "forms/Style.h"
+#include "forms/Texts.h"
+#include "games/GameFolders.h"
 #include "library/ZorbinoMain.h"
-#include "runtime/GameFolders.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QTimer>
 
 #include <cstdio>
-#include <dlfcn.h>
-#include <future>
+#include <optional>
 
 namespace
 {
+
+using namespace Qt::StringLiterals;
 
 constexpr QStringView wrongFolder = u"You must run Zorbino from its own directory!  If you clicked an icon, "
                                     u"set the working directory for the program "
@@ -34,17 +42,11 @@ bool isProgramIn(const Installation& installation)
            std::filesystem::is_regular_file(installation.root() / "zorbino.exe", error);
 }
 
-/// Lets the system look for its fonts beside the start of the toolkit, which would wait for it later. Where
-/// the system has another way with fonts, nothing happens.
-std::future<void> lookForFonts()
-{
-    return std::async(std::launch::async, [] {
-        if (auto* initialise = reinterpret_cast<int (*)()>(::dlsym(RTLD_DEFAULT, "FcInit")))
-            initialise();
-    });
-}
+/// For the start-up benchmark: tells when the tray has been painted for the first time, and ends the program.
+constexpr const char* tellFirstPaint = "ZORBINO_TELL_FIRST_PAINT";
+/// For the start-up benchmark: starts nothing early.
+constexpr const char* startPlain = "ZORBINO_START_PLAIN";
 
-/// Says when the tray has been painted for the first time, and leaves. For measuring.
 class FirstPaint : public QObject
 {
 public:
@@ -80,43 +82,44 @@ void workOn(Workbench& workbench, const QString& folder)
 
 int main(int argc, char* argv[])
 {
-    const auto fonts = lookForFonts();
     QApplication application(argc, argv);
     // Some desktops show it as the caption of a window without one: a game may have no title.
     QApplication::setApplicationName(forms::fromUtf8(ProductName));
-    QApplication::setDesktopFileName(QStringLiteral("zorbino")); // so that desktops find our icon
-    forms::dressApplication();
+    QApplication::setDesktopFileName(u"zorbino"_s); // so that desktops find our icon
+    forms::setUpApplication();
 
-    QCommandLineParser words;
-    QCommandLineOption selfTestWord(QStringLiteral("self-test"));
-    QCommandLineOption workWord(QStringLiteral("work"), QString(), QStringLiteral("FOLDER"));
-    QCommandLineOption firstPaintWord(QStringLiteral("first-paint"));
-    for (auto* word : {&selfTestWord, &workWord, &firstPaintWord}) {
-        word->setFlags(QCommandLineOption::HiddenFromHelp); // for those who build Zorbino
-        words.addOption(*word);
+    QCommandLineParser arguments;
+    QCommandLineOption selfTestOption(u"self-test"_s);
+    QCommandLineOption workOption(u"work"_s, QString(), u"FOLDER"_s);
+    for (auto* option : {&selfTestOption, &workOption}) {
+        option->setFlags(QCommandLineOption::HiddenFromHelp); // for those who build Zorbino
+        arguments.addOption(*option);
     }
-    words.process(application);
+    arguments.process(application);
 
     Workbench workbench(workingDirectory());
     if (!isProgramIn(workbench.installation())) {
-        if (words.isSet(selfTestWord))
+        if (arguments.isSet(selfTestOption))
             return 1;
-        forms::tell(nullptr, wrongFolder.toString());
+        forms::warn(nullptr, wrongFolder.toString());
         return 0;
     }
-    const bool libraryComes = !words.isSet(workWord) && !words.isSet(selfTestWord);
-    if (libraryComes)
-        ZorbinoMain::readAhead(workbench); // and fetched by the library
+    const bool libraryComes = !arguments.isSet(workOption) && !arguments.isSet(selfTestOption);
+    std::optional<StartEarly> early;
+    if (libraryComes && !qEnvironmentVariableIsSet(startPlain))
+        early.emplace(workbench.installation().root());
     FirstPaint firstPaint;
-    if (words.isSet(firstPaintWord))
+    if (qEnvironmentVariableIsSet(tellFirstPaint))
         application.installEventFilter(&firstPaint);
     workbench.showTracker();
-    workbench.LogProgress(QStringLiteral("ZB.main"));
-    if (words.isSet(selfTestWord))
+    workbench.LogProgress(u"ZB.main"_s);
+    if (arguments.isSet(selfTestOption))
         return selfTest(workbench);
+    if (early)
+        early->keepIcons();
     if (libraryComes)
-        workbench.showLibrary();
+        workbench.showLibrary(early ? early->backdrop() : QImage());
     else
-        workOn(workbench, words.value(workWord));
+        workOn(workbench, arguments.value(workOption));
     return QApplication::exec();
 }

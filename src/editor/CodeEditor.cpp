@@ -1,19 +1,26 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "editor/CodeEditor.h"
 
-#include "editor/CodeText.h"
 #include "editor/EditorBars.h"
 #include "editor/Indentation.h"
-#include "editor/TextPrinter.h"
-#include "forms/Forms.h"
+#include "editor/ProgramText.h"
+#include "forms/MessageBoxes.h"
+#include "forms/Replacing.h"
+#include "forms/Style.h"
+#include "forms/Texts.h"
+#include "language/Vocabulary.h"
+#include "platform/TextFile.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QCloseEvent>
+#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPointer>
-#include <QPrinter>
 #include <QScopeGuard>
 #include <QTextBlock>
 #include <QToolButton>
@@ -23,12 +30,15 @@
 #include <optional>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
 constexpr int leastPoints = 12;
 constexpr int columnsShown = 84;
 constexpr int linesShown = 28;
+constexpr int widestFirst = 1200;
 /// No program of a game comes near these; a file beyond them is something else.
 constexpr std::uintmax_t largestFile = 16U << 20U;
 constexpr qsizetype mostLines = 1'000'000;
@@ -86,12 +96,11 @@ private:
 };
 
 // The window
-// ----------------------------------------------------------------------------------------------------
 
 CodeEditor::CodeEditor(Desk& desk)
     : m_desk(desk)
     , m_bars(new EditorBars)
-    , m_CodeView(new CodeView(*this))
+    , m_CodeView(new CodeView([this](const QKeyEvent& event) { return CodeView_KeyDown(event); }))
     , m_history(*m_CodeView->document())
 {
     Form_Load();
@@ -104,9 +113,9 @@ CodeEditor::~CodeEditor()
 
 void CodeEditor::Form_Load()
 {
-    m_desk.LogProgress(QStringLiteral("CodeEditor.Form_Load: Begin"));
-    setObjectName(QStringLiteral("CodeEditor"));
-    setWindowTitle(QStringLiteral("Code Editor"));
+    m_desk.LogProgress(u"CodeEditor.Form_Load: Begin"_s);
+    setObjectName(u"CodeEditor"_s);
+    setWindowTitle(u"Code Editor"_s);
     m_CodeView->setFont(forms::fixedFont(std::max(leastPoints, QApplication::font().pointSize() + 1)));
 
     auto* area = new QWidget;
@@ -118,21 +127,40 @@ void CodeEditor::Form_Load()
     setCentralWidget(area);
     makeMenus();
     connectButtons();
+    connectText();
 
-    connect(m_CodeView, &QPlainTextEdit::textChanged, this, &CodeEditor::CodeView_Change);
-    connect(&m_history, &TextHistory::changed, this, &CodeEditor::markModified);
-    connect(&m_history, &TextHistory::undoCountChanged, this, [this](int count) {
+    connect(&m_history, &EditHistory::changed, this, &CodeEditor::markModified);
+    connect(&m_history, &EditHistory::undoCountChanged, this, [this](int count) {
         m_bars->button("UndoButton")->setEnabled(count > 0);
         m_UndoMnu->setEnabled(count > 0);
     });
     m_bars->Minibuffer()->installEventFilter(this);
-
-    const QFontMetrics metrics(m_CodeView->font());
-    resize(std::max(metrics.horizontalAdvance(u'0') * columnsShown, m_bars->promptWidth()),
-           metrics.lineSpacing() * linesShown + m_bars->sizeHint().height() + menuBar()->sizeHint().height());
+    setFirstSize();
     ShowPosition(1, 1);
     m_CodeView->setFocus();
-    m_desk.LogProgress(QStringLiteral("CodeEditor.Form_Load: Done"));
+    m_desk.LogProgress(u"CodeEditor.Form_Load: Done"_s);
+}
+
+void CodeEditor::connectText()
+{
+    connect(m_CodeView, &CodeView::characterTyped, this, &CodeEditor::CodeView_KeyPress);
+    // As if Tab had been pressed. At once and not through the queue: what is typed on must find the line
+    // indented.
+    connect(m_CodeView, &CodeView::lineBroken, this, &CodeEditor::CodeView_Tab);
+    connect(m_CodeView, &CodeView::keyReleased, this, &CodeEditor::CodeView_KeyUp);
+    connect(m_CodeView, &CodeView::mouseReleased, this, &CodeEditor::CodeView_MouseUp);
+    connect(m_CodeView, &CodeView::focused, this, &CodeEditor::CodeView_GotFocus);
+    connect(m_CodeView, &CodeView::textChanged, this, &CodeEditor::CodeView_Change);
+    connect(m_CodeView, &CodeView::customContextMenuRequested, this, &CodeEditor::CodeView_ContextMenu);
+}
+
+/// Room for a program as programs are, and with large letters still on a small screen.
+void CodeEditor::setFirstSize()
+{
+    const QFontMetrics metrics(m_CodeView->font());
+    const int wished = std::max(metrics.horizontalAdvance(u'0') * columnsShown, m_bars->promptWidth());
+    resize(std::min(wished, widestFirst),
+           metrics.lineSpacing() * linesShown + m_bars->sizeHint().height() + menuBar()->sizeHint().height());
 }
 
 void CodeEditor::show()
@@ -148,7 +176,7 @@ void CodeEditor::focusText()
 
 void CodeEditor::closeEvent(QCloseEvent* event)
 {
-    if (AllowClose)
+    if (m_AllowClose)
         return;
     event->ignore();
     hide();
@@ -156,7 +184,7 @@ void CodeEditor::closeEvent(QCloseEvent* event)
 
 void CodeEditor::closeForGood()
 {
-    AllowClose = true;
+    m_AllowClose = true;
     close();
     if (m_isBusy)
         m_deleteWhenDone = true; // somebody further up still works with it
@@ -166,9 +194,9 @@ void CodeEditor::closeForGood()
 
 void CodeEditor::resizeEvent(QResizeEvent* event)
 {
-    m_desk.LogProgress(QStringLiteral("CodeEditor.Form_Resize:begin"));
+    m_desk.LogProgress(u"CodeEditor.Form_Resize:begin"_s);
     QMainWindow::resizeEvent(event);
-    m_desk.LogProgress(QStringLiteral("CodeEditor.Form_Resize: end"));
+    m_desk.LogProgress(u"CodeEditor.Form_Resize: end"_s);
 }
 
 bool CodeEditor::eventFilter(QObject* watched, QEvent* event)
@@ -185,54 +213,62 @@ bool CodeEditor::eventFilter(QObject* watched, QEvent* event)
 }
 
 // Files
-// ---------------------------------------------------------------------------------------------------------
 
 bool CodeEditor::LoadFile(const QString& productPath)
 {
     QApplication::setOverrideCursor(Qt::WaitCursor);
     const auto arrow = qScopeGuard([] { QApplication::restoreOverrideCursor(); });
-    m_desk.LogProgress(QStringLiteral("Begin CodeEditor.LoadFile"));
-    m_desk.LogProgress(QStringLiteral("CodeEditor.LoadFile: Opening ") + productPath);
+    m_desk.LogProgress(u"Begin CodeEditor.LoadFile"_s);
+    m_desk.LogProgress(u"CodeEditor.LoadFile: Opening "_s + productPath);
     const std::string path = forms::toUtf8(productPath);
-    const std::optional<std::string> bytes = m_desk.installation().readText(path, largestFile);
-    const QString loaded = bytes ? CodeText::fromFile(*bytes) : QString();
+    const std::optional<std::string> bytes = m_desk.installation().readBytes(path, largestFile);
+    const QString loaded = bytes ? ProgramText::fromFile(decodeText(*bytes)) : QString();
     if (m_isBusy || !bytes || loaded.count(u'\n') > mostLines) {
-        if (!m_desk.installation().find(path))
-            m_FileName = path; // nothing there that saving could destroy
+        if (!m_desk.installation().find(path)) { // nothing there that saving could destroy
+            m_FileName = path;
+            m_stamp = FileStamp();
+        }
         close();
         return false;
     }
     m_history.setText(loaded);
     placeCursor(0);
-    m_desk.LogProgress(QStringLiteral("CodeEditor.LoadFile: loaded into CodeView"));
+    m_desk.LogProgress(u"CodeEditor.LoadFile: loaded into CodeView"_s);
     show();
     setWindowTitle(fileNamePart(path));
+    // Also where blanks were replaced or lines indented on the way in: nobody is asked about what he has not
+    // done, and until he saves the file stays as it was.
     m_Modified = false;
     m_FileName = path;
-    m_desk.LogProgress(QStringLiteral("CodeEditor.LoadFile: done"));
+    m_stamp = FileStamp(*bytes);
+    m_desk.LogProgress(u"CodeEditor.LoadFile: done"_s);
     AutoIndentAll();
     return true;
 }
 
 bool CodeEditor::saveFile()
 {
-    if (m_FileName.empty() || !m_desk.installation().write(m_FileName, text())) {
-        forms::tell(this,
-                    QStringLiteral("Sorry, your program was not saved!\n\n"
-                                   "I could not write it to the disk. Maybe the disk is full, or the game's "
-                                   "folder is gone or may not be changed.\n\n"
-                                   "Your text is still here in the Code Editor. Please don't close it "
-                                   "before you have saved."));
+    const QPointer<CodeEditor> self(this);
+    if (!forms::mayReplace(this, m_desk, m_FileName, m_stamp) || self.isNull())
+        return false;
+    const std::string program = text();
+    if (m_FileName.empty() || !m_desk.installation().write(m_FileName, program)) {
+        forms::warn(this, u"Sorry, your program was not saved!\n\n"
+                          "I could not write it to the disk. Maybe the disk is full, or the game's "
+                          "folder is gone or may not be changed.\n\n"
+                          "Your text is still here in the Code Editor. Please don't close it "
+                          "before you have saved."_s);
         return false;
     }
     m_Modified = false;
+    m_stamp = FileStamp(program);
     setWindowTitle(fileNamePart(m_FileName));
     return true;
 }
 
 std::string CodeEditor::text() const
 {
-    return CodeText::toProgram(m_history.text());
+    return ProgramText::toProgram(m_history.text());
 }
 
 void CodeEditor::markModified()
@@ -244,7 +280,6 @@ void CodeEditor::markModified()
 }
 
 // The cursor
-// ----------------------------------------------------------------------------------------------------
 
 void CodeEditor::UpdateCursorPosition()
 {
@@ -261,7 +296,7 @@ void CodeEditor::ShowPosition(int line, int column)
 
 void CodeEditor::SetCursorPos(int line, int column, bool wrap)
 {
-    placeCursor(CodeText::positionOf(*m_CodeView->document(), line, column, wrap));
+    placeCursor(ProgramText::positionOf(*m_CodeView->document(), line, column, wrap));
     ShowPosition(line, column);
 }
 
@@ -282,12 +317,11 @@ void CodeEditor::ShowLineHelp()
     if (cursor.position() == 0 || line.length() <= 1)
         return;
     const QString text = line.text();
-    const QString word = CodeText::statementWord(text).toString();
+    const QString word = ProgramText::statementWord(text).toString();
     m_bars->showHelp(forms::fromUtf8(StatementHelp(forms::toUtf8(word))));
 }
 
 // Changes
-// -------------------------------------------------------------------------------------------------------
 
 void CodeEditor::UndoChange()
 {
@@ -332,40 +366,73 @@ int CodeEditor::IndentLine(int position)
     return start + wanted;
 }
 
-void CodeEditor::AutoIndentAll()
+/// Shows how far the work on a long text has come. A short one is done before anybody could look.
+class CodeEditor::IndentProgress
+{
+public:
+    explicit IndentProgress(CodeEditor& editor)
+        : m_editor(editor)
+    {
+        m_sinceShown.start();
+    }
+    void tell(int line, bool isBelowZero)
+    {
+        constexpr qint64 often = 17; // milliseconds: 60 times a second
+        m_isBelowZero |= isBelowZero;
+        if (m_sinceShown.elapsed() < often)
+            return;
+        beep();
+        if (!m_busy)
+            m_busy.emplace(m_editor);
+        m_editor.m_bars->showStatus(u"Autoindenting... (line %1)"_s.arg(line));
+        QCoreApplication::processEvents();
+        m_sinceShown.restart();
+    }
+    void finish(bool isBelowZero)
+    {
+        m_isBelowZero |= isBelowZero;
+        beep();
+        m_busy.reset();
+    }
+
+private:
+    void beep()
+    {
+        if (std::exchange(m_isBelowZero, false))
+            QApplication::beep();
+    }
+
+    CodeEditor& m_editor;
+    QElapsedTimer m_sinceShown;
+    bool m_isBelowZero = false; ///< since the last beep
+    std::optional<Busy> m_busy;
+};
+
+bool CodeEditor::AutoIndentAll()
 {
     if (m_isBusy)
-        return;
+        return false;
     UpdateCursorPosition();
     const int line = m_CurrentLine;
     const int column = m_CurrentColumn;
     const QString before = m_history.text();
-    std::optional<Busy> busy; // a short text is done before anybody could look
-    const auto tell = [this, &busy](int lineNumber, bool belowZero) {
-        if (belowZero)
-            QApplication::beep();
-        if (!busy)
-            busy.emplace(*this);
-        m_bars->showStatus(QStringLiteral("Autoindenting... (line %1)").arg(lineNumber));
-        QCoreApplication::processEvents();
-    };
-    const Indentation::IndentedText after =
-        Indentation::AutoIndentAll(CodeText::StripControlCharacters(before), tell);
-    if (after.isBelowZero)
-        QApplication::beep();
-    if (after.text != before)
+    IndentProgress progress(*this);
+    const Indentation::IndentedText after = Indentation::AutoIndentAll(
+        ProgramText::StripControlCharacters(before),
+        [&progress](int lineNumber, bool isBelowZero) { progress.tell(lineNumber, isBelowZero); });
+    const bool isChanged = after.text != before;
+    if (isChanged)
         m_history.setText(after.text);
-    busy.reset();
+    progress.finish(after.isBelowZero);
     SetCursorPos(line, column, false);
     m_bars->showStatus(QString());
+    return isChanged;
 }
 
 void CodeEditor::AutoIndentButton_Click()
 {
     RecordChange();
-    const QString before = m_history.text();
-    AutoIndentAll();
-    if (m_history.text() != before)
+    if (AutoIndentAll())
         markModified();
 }
 
@@ -390,40 +457,38 @@ void CodeEditor::CopyMnu_Click()
     QGuiApplication::clipboard()->setText(m_CodeView->selectedText());
 }
 
+/// All that Ctrl+V does in the text, from its way down to its way up.
 void CodeEditor::PasteMnu_Click()
 {
     m_CodeView->setFocus();
-    QKeyEvent down(QEvent::KeyPress, Qt::Key_V, Qt::ControlModifier);
-    QKeyEvent up(QEvent::KeyRelease, Qt::Key_V, Qt::ControlModifier);
-    QCoreApplication::sendEvent(m_CodeView, &down);
-    QCoreApplication::sendEvent(m_CodeView, &up);
+    RecordChange();
+    m_CodeView->paste();
+    CodeView_KeyUp();
 }
 
 void CodeEditor::FindAndReplace_Click()
 {
-    forms::tell(this, QStringLiteral("Sorry, not implemented yet!"));
+    forms::tell(this, u"Sorry, not implemented yet!"_s);
 }
 
 void CodeEditor::PrintButton_Click()
 {
     const QPointer<CodeEditor> self(this);
     const std::string& title = m_desk.module().CurrentGame.title;
-    m_winCode.documentName = title.empty() ? fileNamePart(m_FileName) : forms::fromUtf8(title);
-    if (m_isBusy || !m_winCode.PrintDialog(this) || self.isNull())
+    const QString documentName = title.empty() ? fileNamePart(m_FileName) : forms::fromUtf8(title);
+    if (m_isBusy || !m_winCode.PrintDialog(this, documentName) || self.isNull())
         return;
     if (m_MinibufferMode != MinibufferMode::Closed)
         CloseMinibuffer(); // the caption that tells what it asks is about to go
     bool isPrinted = false;
     {
         const Busy busy(*this);
-        m_bars->showStatus(QStringLiteral("Printing..."));
-        const std::unique_ptr<QPrinter> printer = m_winCode.openPrinter();
-        isPrinted = printText(*printer, m_history.text(), m_CodeView->font());
+        m_bars->showStatus(u"Printing..."_s);
+        isPrinted = m_winCode.print(m_history.text(), m_CodeView->font());
     }
     activateWindow(); // it could not take over from the dialog while it was disabled
     if (!isPrinted)
-        forms::tell(this,
-                    QStringLiteral("Sorry, I could not print your program!\n\n"
-                                   "Please look whether the printer is switched on and has paper. If you "
-                                   "are making a PDF file, try another folder for it."));
+        forms::warn(this, u"Sorry, I could not print your program!\n\n"
+                          "Please look whether the printer is switched on and has paper. If you "
+                          "are making a PDF file, try another folder for it."_s);
 }

@@ -1,9 +1,13 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include "editor/CodeView.h"
-#include "editor/TextHistory.h"
+#include "editor/EditHistory.h"
 #include "editor/WinCode.h"
 #include "forms/Desk.h"
+#include "platform/FileStamp.h"
 
 #include <QHash>
 #include <QMainWindow>
@@ -12,8 +16,8 @@ class EditorBars;
 class QAction;
 
 /// The window in which the program text of a game is written. The rules about the text itself are in
-/// CodeText, Indentation and TextHistory; here keys, menus and buttons find their way to them.
-class CodeEditor : public QMainWindow, public CodeEditorForm, private CodeViewOwner
+/// ProgramText, Indentation and EditHistory; here keys, menus and buttons find their way to them.
+class CodeEditor : public QMainWindow, public CodeEditorForm
 {
     Q_OBJECT
 
@@ -34,8 +38,6 @@ public:
     void SetCursorPos(int line, int column, bool wrap) override;
     void focusText() override;
 
-    bool AllowClose = false; ///< while false, closing the window only hides it
-
 protected:
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -45,23 +47,23 @@ private:
     enum class MinibufferMode { Closed, GotoLine, Search };
     struct MenuItem;
     class Busy;
+    class IndentProgress;
 
     void Form_Load();
     void makeMenus();
     void connectButtons();
+    void connectText();
+    void setFirstSize();
     QAction* makeAction(const MenuItem& item);
 
     // Keys and mouse in the text.
-    bool CodeView_KeyDown(const QKeyEvent& event) override;
-    bool CodeView_KeyPress(QChar character) override;
-    void CodeView_LineBroken() override;
-    void CodeView_KeyUp() override;
-    void CodeView_MouseUp() override { CodeView_KeyUp(); }
-    void CodeView_GotFocus() override { UpdateCursorPosition(); }
-    void CodeView_BeforeChange() override { RecordChange(); }
-    void CodeView_ContextMenu(QPoint globalPosition) override;
-    bool wantsShortcut(const QKeyEvent& event) const override;
+    bool CodeView_KeyDown(const QKeyEvent& event);
+    void CodeView_KeyPress();
+    void CodeView_KeyUp();
+    void CodeView_MouseUp() { CodeView_KeyUp(); }
+    void CodeView_GotFocus() { UpdateCursorPosition(); }
     void CodeView_Change() { UpdateCursorPosition(); }
+    void CodeView_ContextMenu(QPoint place);
     void CodeView_Tab();
     bool Minibuffer_KeyDown(const QKeyEvent& event);
     bool isKeptFromCommands(const QKeyEvent& event) const;
@@ -88,7 +90,7 @@ private:
     void ShowPosition(int line, int column);
     void ShowLineHelp();
     int IndentLine(int position);
-    void AutoIndentAll();
+    bool AutoIndentAll();
     void RecordChange() { m_history.RecordChange(); }
     void UndoChange();
     void placeCursor(int position);
@@ -106,12 +108,14 @@ private:
     Desk& m_desk;
     EditorBars* m_bars;
     CodeView* m_CodeView;
-    TextHistory m_history;
+    EditHistory m_history;
     WinCode m_winCode;
     QHash<int, QAction*> m_shortcuts; ///< by key with modifiers
     QAction* m_UndoMnu = nullptr;
     std::string m_FileName;
+    FileStamp m_stamp; ///< of the file as it was last read or written here
     bool m_Modified = false;
+    bool m_AllowClose = false; ///< while false, closing the window only hides it
     forms::KeyRepeats m_promptRepeats;
     MinibufferMode m_MinibufferMode = MinibufferMode::Closed;
     int m_CurrentLine = 1;

@@ -1,11 +1,15 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 // Keys, menus and the prompt of the code editor.
 
 #include "editor/CodeEditor.h"
 
-#include "editor/CodeText.h"
 #include "editor/EditorBars.h"
-#include "forms/Forms.h"
+#include "editor/ProgramText.h"
+#include "forms/Icons.h"
 #include "forms/KeyCodes.h"
+#include "forms/MessageBoxes.h"
 
 #include <QAction>
 #include <QKeyEvent>
@@ -14,6 +18,8 @@
 #include <QMenuBar>
 #include <QPointer>
 #include <QToolButton>
+
+using namespace Qt::StringLiterals;
 
 struct CodeEditor::MenuItem {
     const char* name; ///< null: the caption of the menu that the following items belong to
@@ -62,7 +68,7 @@ void CodeEditor::makeMenus()
         else
             menu->addAction(makeAction(item));
     }
-    m_UndoMnu = findChild<QAction*>(QStringLiteral("UndoMnu"));
+    m_UndoMnu = findChild<QAction*>(u"UndoMnu"_s);
     m_UndoMnu->setEnabled(false);
 }
 
@@ -104,13 +110,8 @@ void CodeEditor::connectButtons()
 }
 
 // Keys in the text
-// ----------------------------------------------------------------------------------------------
 
-bool CodeEditor::wantsShortcut(const QKeyEvent& event) const
-{
-    return m_shortcuts.contains(event.keyCombination().toCombined());
-}
-
+/// What happens before a key acts. True where nothing is left for the text box to do.
 bool CodeEditor::CodeView_KeyDown(const QKeyEvent& event)
 {
     const bool isCtrl = event.modifiers().testFlag(Qt::ControlModifier);
@@ -119,50 +120,44 @@ bool CodeEditor::CodeView_KeyDown(const QKeyEvent& event)
         RecordChange();
     if (command != nullptr) {
         command->trigger(); // nothing where it is disabled
-        return false;       // the text box's own use for the key is off all the same
+        return true;        // the text box's own use for the key is off all the same
     }
     // Where the digits need Shift, the key of the 1 gives another character.
     if (isCtrl && (event.key() == Qt::Key_1 || forms::virtualKeyCode(event) == '1')) {
         PromptGotoLine();
-        return false;
+        return true;
     }
     switch (event.key()) {
     case Qt::Key_Escape:
         if (m_MinibufferMode != MinibufferMode::Closed)
             CloseMinibuffer();
-        return false;
+        return true;
     case Qt::Key_Tab:
     case Qt::Key_Backtab:
         if (!isCtrl)
             CodeView_Tab();
-        return false;
-    default:
         return true;
+    default:
+        return false;
     }
 }
 
-/// All that Tab does, from its way down to the character that does not go in.
+/// A character is about to go in. The text before it is remembered already: nothing has changed since the key
+/// went down.
+void CodeEditor::CodeView_KeyPress()
+{
+    if (m_MinibufferMode != MinibufferMode::Closed)
+        CloseMinibuffer();
+}
+
+/// What Tab does once the text before it is remembered. Its character does not go in, but the text that it
+/// would have gone into is remembered as for any other: the indented one.
 void CodeEditor::CodeView_Tab()
 {
     placeCursor(IndentLine(m_CodeView->textCursor().position()));
     UpdateCursorPosition(); // the change itself was announced before the cursor had its place
-    CodeView_KeyPress(u'\t');
-}
-
-bool CodeEditor::CodeView_KeyPress(QChar character)
-{
-    if (m_MinibufferMode != MinibufferMode::Closed)
-        CloseMinibuffer();
+    CodeView_KeyPress();
     RecordChange();
-    return character != u'\t';
-}
-
-void CodeEditor::CodeView_LineBroken()
-{
-    // As if Tab had been pressed. At once and not through the queue: what is typed on must find the line
-    // indented.
-    RecordChange();
-    CodeView_Tab();
 }
 
 void CodeEditor::CodeView_KeyUp()
@@ -171,7 +166,7 @@ void CodeEditor::CodeView_KeyUp()
     ShowLineHelp();
 }
 
-void CodeEditor::CodeView_ContextMenu(QPoint globalPosition)
+void CodeEditor::CodeView_ContextMenu(QPoint place)
 {
     auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
@@ -179,20 +174,19 @@ void CodeEditor::CodeView_ContextMenu(QPoint globalPosition)
     const auto add = [menu](const char* icon, const QString& caption, bool enabled, auto&& handler) {
         menu->addAction(forms::icon(icon), caption, handler)->setEnabled(enabled);
     };
-    add("undo", QStringLiteral("&Undo"), m_history.undoCount() > 0, [this] { UndoMnu_Click(); });
+    add("undo", u"&Undo"_s, m_history.undoCount() > 0, [this] { UndoMnu_Click(); });
     menu->addSeparator();
-    add("cut", QStringLiteral("Cu&t"), isSelection, [this] { m_CodeView->cut(); });
-    add("copy", QStringLiteral("&Copy"), isSelection, [this] { CopyMnu_Click(); });
-    add("paste", QStringLiteral("&Paste"), m_CodeView->canPaste(), [this] { PasteMnu_Click(); });
-    add("duplicate", QStringLiteral("Select &All"), true, [this] {
+    add("cut", u"Cu&t"_s, isSelection, [this] { m_CodeView->cut(); });
+    add("copy", u"&Copy"_s, isSelection, [this] { CopyMnu_Click(); });
+    add("paste", u"&Paste"_s, m_CodeView->canPaste(), [this] { PasteMnu_Click(); });
+    add("duplicate", u"Select &All"_s, true, [this] {
         m_CodeView->selectAll();
         UpdateCursorPosition(); // the menu has kept the release of key or button to itself
     });
-    menu->popup(globalPosition);
+    menu->popup(m_CodeView->viewport()->mapToGlobal(place));
 }
 
 // The prompt
-// ----------------------------------------------------------------------------------------------------
 
 void CodeEditor::OpenMinibuffer(MinibufferMode mode)
 {
@@ -220,7 +214,7 @@ void CodeEditor::showToolbars()
 
 void CodeEditor::PromptGotoLine()
 {
-    m_bars->showStatus(QStringLiteral("Goto Line:"));
+    m_bars->showStatus(u"Goto Line:"_s);
     OpenMinibuffer(MinibufferMode::GotoLine);
 }
 
@@ -261,7 +255,7 @@ bool CodeEditor::Minibuffer_KeyDown(const QKeyEvent& event)
 void CodeEditor::goToTypedLine()
 {
     if (m_MinibufferMode == MinibufferMode::GotoLine)
-        SetCursorPos(CodeText::lineNumberFrom(m_bars->Minibuffer()->text()), 1, false);
+        SetCursorPos(ProgramText::lineNumberFrom(m_bars->Minibuffer()->text()), 1, false);
     CloseMinibuffer();
 }
 
@@ -275,8 +269,8 @@ void CodeEditor::SearchMnu_Click()
 
 void CodeEditor::FindNext()
 {
-    const std::optional<int> found = CodeText::findNext(m_history.text(), m_bars->Minibuffer()->text(),
-                                                        m_CodeView->textCursor().position());
+    const std::optional<int> found = ProgramText::findNext(
+        *m_CodeView->document(), m_bars->Minibuffer()->text(), m_CodeView->textCursor().position());
     if (found) {
         placeCursor(*found);
         UpdateCursorPosition();
@@ -284,7 +278,7 @@ void CodeEditor::FindNext()
         return;
     }
     const QPointer<CodeEditor> self(this);
-    forms::tell(this, QStringLiteral("Search string not found!"));
+    forms::tell(this, u"Search string not found!"_s);
     if (self.isNull() || m_MinibufferMode != MinibufferMode::Search)
         return;
     activateWindow();

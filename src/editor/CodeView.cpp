@@ -1,10 +1,16 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "editor/CodeView.h"
 
-#include "editor/CodeText.h"
+#include "editor/ProgramText.h"
 
-#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMimeData>
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -31,27 +37,23 @@ bool isEnter(const QKeyEvent& event)
     return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
 }
 
-/// What the key types; NUL for a key that types nothing.
-QChar typedCharacter(const QKeyEvent& event)
+bool typesCharacter(const QKeyEvent& event)
 {
-    if (isEnter(event))
-        return u'\r';
-    if (event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab)
-        return u'\t';
-    if (event.key() == Qt::Key_Backspace)
-        return u'\b';
+    if (isEnter(event) || event.key() == Qt::Key_Backspace)
+        return true;
     const QString text = event.text();
-    return text.isEmpty() || text[0] < u' ' || event.key() == Qt::Key_Delete ? QChar() : text[0];
+    return !text.isEmpty() && text[0] >= u' ' && event.key() != Qt::Key_Delete;
 }
 
 } // namespace
 
-CodeView::CodeView(CodeViewOwner& owner, QWidget* parent)
+CodeView::CodeView(KeyHandler usesKey, QWidget* parent)
     : QPlainTextEdit(parent)
-    , m_owner(owner)
+    , m_usesKey(std::move(usesKey))
 {
-    setObjectName(QStringLiteral("CodeView"));
-    setAccessibleName(QStringLiteral("Program text"));
+    setObjectName(u"CodeView"_s);
+    setAccessibleName(u"Program text"_s);
+    setContextMenuPolicy(Qt::CustomContextMenu);
     setUndoRedoEnabled(false);
     setLineWrapMode(NoWrap);
     setFrameShape(NoFrame);
@@ -67,11 +69,21 @@ QString CodeView::selectedText() const
 
 bool CodeView::event(QEvent* event)
 {
-    if (event->type() == QEvent::ShortcutOverride && m_owner.wantsShortcut(*static_cast<QKeyEvent*>(event))) {
+    if (event->type() == QEvent::ShortcutOverride &&
+        static_cast<QKeyEvent*>(event)->modifiers() == Qt::ControlModifier) {
         event->accept(); // it comes back as a key, ahead of the menu and of the text box's own use for it
         return true;
     }
     return QPlainTextEdit::event(event);
+}
+
+/// A key that has been held down since before the text had the focus.
+bool CodeView::isMeantForOthers(const QKeyEvent& event)
+{
+    if (m_repeats.isRepeat(event))
+        return event.key() != m_heldKey;
+    m_heldKey = event.key();
+    return false;
 }
 
 void CodeView::keyPressEvent(QKeyEvent* event)
@@ -81,15 +93,10 @@ void CodeView::keyPressEvent(QKeyEvent* event)
         return;
     }
     event->accept();
-    if (!m_repeats.isRepeat(*event))
-        m_heldKey = event->key();
-    else if (event->key() != m_heldKey)
-        return; // held down since before the text had the focus: the key was meant for somebody else
-    if (!m_owner.CodeView_KeyDown(*event))
+    if (isMeantForOthers(*event) || m_usesKey(*event))
         return;
-    const QChar character = typedCharacter(*event);
-    if (!character.isNull() && !m_owner.CodeView_KeyPress(character))
-        return;
+    if (typesCharacter(*event))
+        Q_EMIT characterTyped();
     if (isEnter(*event))
         breakLine();
     else
@@ -101,7 +108,7 @@ void CodeView::breakLine()
     QTextCursor cursor = textCursor();
     cursor.insertBlock();
     setTextCursor(cursor);
-    m_owner.CodeView_LineBroken();
+    Q_EMIT lineBroken();
     ensureCursorVisible();
 }
 
@@ -110,19 +117,19 @@ void CodeView::keyReleaseEvent(QKeyEvent* event)
     m_repeats.release(*event);
     QPlainTextEdit::keyReleaseEvent(event);
     if (!event->isAutoRepeat())
-        m_owner.CodeView_KeyUp();
+        Q_EMIT keyReleased();
 }
 
 void CodeView::mouseReleaseEvent(QMouseEvent* event)
 {
     QPlainTextEdit::mouseReleaseEvent(event);
-    m_owner.CodeView_MouseUp();
+    Q_EMIT mouseReleased();
 }
 
 void CodeView::focusInEvent(QFocusEvent* event)
 {
     QPlainTextEdit::focusInEvent(event);
-    m_owner.CodeView_GotFocus();
+    Q_EMIT focused();
 }
 
 void CodeView::focusOutEvent(QFocusEvent* event)
@@ -133,24 +140,18 @@ void CodeView::focusOutEvent(QFocusEvent* event)
 
 void CodeView::dropEvent(QDropEvent* event)
 {
-    m_owner.CodeView_BeforeChange();
     QPlainTextEdit::dropEvent(event);
-    m_owner.CodeView_MouseUp(); // a drag swallows the release of the button
+    Q_EMIT mouseReleased(); // a drag swallows the release of the button
 }
 
 void CodeView::inputMethodEvent(QInputMethodEvent* event)
 {
     if (!event->commitString().isEmpty()) {
-        m_owner.CodeView_KeyPress(event->commitString().at(0));
-        const QString text = CodeText::fromClipboard(event->commitString());
+        Q_EMIT characterTyped();
+        const QString text = ProgramText::fromClipboard(event->commitString());
         event->setCommitString(text, event->replacementStart(), event->replacementLength());
     }
     QPlainTextEdit::inputMethodEvent(event);
-}
-
-void CodeView::contextMenuEvent(QContextMenuEvent* event)
-{
-    m_owner.CodeView_ContextMenu(event->globalPos());
 }
 
 QMimeData* CodeView::createMimeDataFromSelection() const
@@ -164,7 +165,6 @@ void CodeView::insertFromMimeData(const QMimeData* source)
 {
     if (!source->hasText())
         return;
-    m_owner.CodeView_BeforeChange();
-    textCursor().insertText(CodeText::fromClipboard(source->text()));
+    textCursor().insertText(ProgramText::fromClipboard(source->text()));
     ensureCursorVisible();
 }

@@ -1,15 +1,22 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "editor/EditorBars.h"
 
-#include "forms/Forms.h"
+#include "forms/Icons.h"
 
 #include <QEvent>
 #include <QFrame>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPainter>
+#include <QStyle>
 #include <QToolButton>
 
 #include <algorithm>
+
+using namespace Qt::StringLiterals;
 
 namespace
 {
@@ -18,10 +25,16 @@ constexpr QPoint minibufferPlace(88, 2);
 constexpr int gap = 8;
 constexpr int betweenBars = 2;
 constexpr int logoHeight = 40;
+constexpr int leastFieldColumns = 8;
 
 QString searchCaption()
 {
-    return QStringLiteral("Search For:");
+    return u"Search For:"_s;
+}
+
+QString searchHint()
+{
+    return u"(Ctrl-S to find next)"_s;
 }
 
 /// The caption, and the blanks that the input field stands on.
@@ -54,7 +67,7 @@ QToolButton* makeButton(const Button& entry)
     const bool isBig = entry.toolbar == 1;
     auto* button = new QToolButton;
     button->setText(QLatin1String(entry.caption));
-    forms::dressButton(*button, entry.name, entry.icon, QLatin1String(entry.tip));
+    forms::setUpButton(*button, entry.name, entry.icon, QLatin1String(entry.tip));
     button->setToolButtonStyle(isBig ? Qt::ToolButtonTextUnderIcon : Qt::ToolButtonTextBesideIcon);
     button->setIconSize(isBig ? QSize(40, 40) : QSize(30, 24));
     if (isBig)
@@ -62,9 +75,9 @@ QToolButton* makeButton(const Button& entry)
     return button;
 }
 
-QLabel* makeLabel(const char* name, QWidget* parent = nullptr)
+template<typename Label = QLabel> Label* makeLabel(const char* name, QWidget* parent = nullptr)
 {
-    auto* label = new QLabel(parent);
+    auto* label = new Label(parent);
     label->setObjectName(QLatin1String(name));
     label->setTextFormat(Qt::PlainText); // usage lines are full of < and >
     return label;
@@ -72,22 +85,55 @@ QLabel* makeLabel(const char* name, QWidget* parent = nullptr)
 
 } // namespace
 
+/// Shows prompts and progress. What stands behind a run of blanks is a hint: it is painted to the right of
+/// the input field, wherever that is, and not where the blanks end.
+class EditorBars::StatusLabel : public QLabel
+{
+public:
+    using QLabel::QLabel;
+    void setHintPlace(int left)
+    {
+        m_hintPlace = left;
+        update();
+    }
+
+protected:
+    void paintEvent(QPaintEvent* event) override
+    {
+        const qsizetype blanks = text().indexOf(u"  ");
+        if (blanks < 0) {
+            QLabel::paintEvent(event);
+            return;
+        }
+        QPainter painter(this);
+        const auto paint = [this, &painter](int left, const QString& part) {
+            style()->drawItemText(&painter, rect().adjusted(left, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter,
+                                  palette(), isEnabled(), part, foregroundRole());
+        };
+        paint(0, text().first(blanks));
+        paint(m_hintPlace, text().sliced(blanks).trimmed());
+    }
+
+private:
+    int m_hintPlace = 0;
+};
+
 EditorBars::EditorBars(QWidget* parent)
     : QWidget(parent)
     , m_Toolbar1(makeToolbar("Toolbar1", 1))
     , m_Toolbar2(makeToolbar("Toolbar2", 2))
     , m_helpBar(makeHelpBar())
     , m_ShowCursorPos(makeLabel("ShowCursorPos"))
-    , m_ShowStatus(makeLabel("ShowStatus", this))
+    , m_ShowStatus(makeLabel<StatusLabel>("ShowStatus", this))
     , m_Minibuffer(new QLineEdit(this))
 {
-    setObjectName(QStringLiteral("EditorBars"));
+    setObjectName(u"EditorBars"_s);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     m_ShowCursorPos->setAlignment(Qt::AlignCenter);
-    m_ShowCursorPos->setAccessibleName(QStringLiteral("Line and column of the cursor"));
-    m_ShowCursorPos->setToolTip(QStringLiteral("Line and column of the cursor"));
-    m_Minibuffer->setObjectName(QStringLiteral("Minibuffer"));
-    m_Minibuffer->setAccessibleName(QStringLiteral("Prompt"));
+    m_ShowCursorPos->setAccessibleName(u"Line and column of the cursor"_s);
+    m_ShowCursorPos->setToolTip(u"Line and column of the cursor"_s);
+    m_Minibuffer->setObjectName(u"Minibuffer"_s);
+    m_Minibuffer->setAccessibleName(u"Prompt"_s);
     m_Minibuffer->hide();
     m_ShowStatus->hide();
 
@@ -124,15 +170,15 @@ QFrame* EditorBars::makeToolbar(const char* name, int row)
 QFrame* EditorBars::makeHelpBar()
 {
     auto* bar = new QFrame(this);
-    bar->setObjectName(QStringLiteral("helpBar"));
-    bar->setStyleSheet(QStringLiteral("#helpBar { background: palette(base); border: 1px solid palette(mid); "
-                                      "border-radius: 8px; margin: 0 8px 4px 8px; }"));
+    bar->setObjectName(u"helpBar"_s);
+    bar->setStyleSheet(u"#helpBar { background: palette(base); border: 1px solid palette(mid); "
+                       "border-radius: 8px; margin: 0 8px 4px 8px; }"_s);
     m_ShowHelp = makeLabel("ShowHelp");
-    m_ShowHelp->setText(QStringLiteral("Welcome to the Zorbino Code Editor!"));
-    m_ShowHelp->setToolTip(QStringLiteral("Shows the format of the command you are using"));
+    m_ShowHelp->setText(u"Welcome to the Zorbino Code Editor!"_s);
+    m_ShowHelp->setToolTip(u"Shows the format of the command you are using"_s);
     m_ShowHelp->setWordWrap(true);
     m_Logo = makeLabel("Logo");
-    m_Logo->setAccessibleName(QStringLiteral("Zorbino"));
+    m_Logo->setAccessibleName(u"Zorbino"_s);
     auto* line = new QHBoxLayout(bar);
     line->setContentsMargins(gap, 0, gap, 0);
     line->setSpacing(gap);
@@ -148,7 +194,7 @@ QToolButton* EditorBars::button(const char* name) const
 
 QString EditorBars::searchPrompt()
 {
-    return captionAndField() + QStringLiteral("(Ctrl-S to find next)");
+    return captionAndField() + searchHint();
 }
 
 int EditorBars::promptWidth() const
@@ -166,7 +212,7 @@ void EditorBars::showToolbars(bool shown)
 
 void EditorBars::showPosition(int line, int column)
 {
-    m_ShowCursorPos->setText(QStringLiteral("L:%1, C:%2").arg(line).arg(column));
+    m_ShowCursorPos->setText(u"L:%1, C:%2"_s.arg(line).arg(column));
 }
 
 void EditorBars::showHelp(const QString& usage)
@@ -197,22 +243,28 @@ void EditorBars::changeEvent(QEvent* event)
 void EditorBars::measure()
 {
     const QFontMetrics metrics(font());
-    m_ShowCursorPos->setFixedWidth(metrics.horizontalAdvance(QStringLiteral("L:00000, C:0000")) + 2 * gap);
+    m_ShowCursorPos->setFixedWidth(metrics.horizontalAdvance(u"L:0000, C:000"_s) + 2 * gap);
     m_ShowHelp->setFixedHeight(std::max(2 * metrics.lineSpacing() + 2, logoHeight));
     m_Logo->setPixmap(
         forms::icon("logo-small").pixmap(QSize(4 * logoHeight, logoHeight), devicePixelRatioF()));
     placePrompt();
 }
 
+/// The hint stands where the blanks end, or further left where it would not be seen whole there; the input
+/// field takes what room is left between the caption and the hint.
 void EditorBars::placePrompt()
 {
     const QFontMetrics metrics(m_ShowStatus->font());
     const int text = minibufferPlace.y();
     const int caption = metrics.horizontalAdvance(searchCaption());
     const int left = std::max(minibufferPlace.x(), text + caption + text); // larger fonts need more
-    const int hint = text + metrics.horizontalAdvance(captionAndField());
+    const int leastField = metrics.averageCharWidth() * leastFieldColumns;
+    const int right = width() - m_ShowCursorPos->width() - gap;
+    const int behindBlanks = text + metrics.horizontalAdvance(captionAndField());
+    const int lastPlace = right - metrics.horizontalAdvance(searchHint()) - text;
+    const int hint = std::max(std::min(behindBlanks, lastPlace), left + leastField + gap);
     const int height = m_Minibuffer->sizeHint().height();
-    m_Minibuffer->setGeometry(left, minibufferPlace.y(), std::max(hint - gap - left, left), height);
-    m_ShowStatus->setGeometry(text, minibufferPlace.y(),
-                              std::max(width() - m_ShowCursorPos->width() - gap, left), height);
+    m_Minibuffer->setGeometry(left, minibufferPlace.y(), hint - gap - left, height);
+    m_ShowStatus->setGeometry(text, minibufferPlace.y(), std::max(right - text, left), height);
+    m_ShowStatus->setHintPlace(hint - text);
 }

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include <QWidget>
@@ -35,6 +38,8 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    class StatusLabel;
+
     QFrame* makeToolbar(const char* name, int row);
     QFrame* makeHelpBar();
     void measure();
@@ -45,7 +50,7 @@ private:
     QFrame* m_helpBar;
     QLabel* m_ShowHelp;
     QLabel* m_ShowCursorPos;
-    QLabel* m_ShowStatus;
+    StatusLabel* m_ShowStatus;
     QLabel* m_Logo;
     QLineEdit* m_Minibuffer;
 };

@@ -1,13 +1,13 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "editor/Indentation.h"
 
-#include <QElapsedTimer>
-
 #include <algorithm>
+#include <utility>
 
 namespace
 {
-
-constexpr qint64 millisecondsBetweenReports = 17; // at most 60 a second
 
 QStringView trimmedBlanks(QStringView text)
 {
@@ -30,32 +30,25 @@ bool opensBlock(QStringView line)
     return trimmedBlanks(comment < 0 ? line : line.first(comment)).endsWith(u'{');
 }
 
-/// Reports by the clock, so that a long text is not slowed down by telling about it.
+/// Counts the lines that are done, and tells about them now and then.
 class Reporter
 {
 public:
     explicit Reporter(const Indentation::Progress& progress)
         : m_progress(progress)
     {
-        m_clock.start();
     }
     bool isBelowZero() const { return m_belowZero; }
     void lineDone(bool belowZero)
     {
         ++m_line;
         m_belowZero |= belowZero;
-        if (m_line % linesBetweenLooks == 0 && m_clock.elapsed() >= millisecondsBetweenReports) {
-            m_progress(m_line, m_belowZero);
-            m_belowZero = false;
-            m_clock.restart();
-        }
+        if (m_line % Indentation::linesBetweenReports == 0)
+            m_progress(m_line, std::exchange(m_belowZero, false));
     }
 
 private:
-    static constexpr int linesBetweenLooks = 64;
-
     const Indentation::Progress& m_progress;
-    QElapsedTimer m_clock;
     int m_line = 0;
     bool m_belowZero = false;
 };
@@ -117,6 +110,16 @@ Level levelOf(QStringView line, QStringView above)
     return levelBelow(shapeOf(above), trimmedBlanks(line));
 }
 
+// Each line is indented by the line above it as that one stands *after* it was indented itself, so one pass
+// from top to bottom does it: all that has to be kept of the lines above is the level of the last one that is
+// not empty, and whether it opens a block. The text is read from `in` and written to `out`, never changed in
+// the middle.
+//
+// Which lines have their turn follows from how the cursor steps when Tab is pressed line by line: it goes to
+// the end of the line and then on by the two characters of a line break in a file, which lands it *behind*
+// the first character of the next line. Where that line is empty this is already the line after it. So an
+// empty line is passed over and stays as it is, and the line behind it is indented whatever it holds; and a
+// last line of at most one character is not reached at all, for the text ends there.
 IndentedText AutoIndentAll(const QString& text, const Progress& progress, qsizetype longest)
 {
     Reporter reporter(progress);

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include <QString>
@@ -26,9 +29,10 @@ Blanks blanksAround(QStringView line);
 /// The level of `line` below `above`, the nearest line over it that is not empty (empty where there is none).
 Level levelOf(QStringView line, QStringView above);
 
-/// What is told while a whole text is worked on: the number of the line, and whether a level was below zero
-/// since it was told last.
+/// What is told while a whole text is worked on, every so many lines: the number of the line, and whether a
+/// level was below zero since it was told last.
 using Progress = std::function<void(int line, bool belowZero)>;
+inline constexpr int linesBetweenReports = 64;
 
 struct IndentedText {
     QString text;
@@ -37,7 +41,7 @@ struct IndentedText {
 
 /// The text with its lines indented, from the second on. Of two empty lines the first stays empty and the
 /// second gets its indentation. A text that would grow beyond `longest` characters is left as it is from
-/// there on. `progress` is told at most 60 times a second.
+/// there on.
 IndentedText AutoIndentAll(const QString& text, const Progress& progress,
                            qsizetype longest = qsizetype(1) << 24U);
 

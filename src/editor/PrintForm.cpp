@@ -1,7 +1,10 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "editor/PrintForm.h"
 
 #include "editor/WinCode.h"
-#include "forms/Forms.h"
+#include "forms/Icons.h"
 
 #include <QComboBox>
 #include <QDir>
@@ -15,6 +18,8 @@
 #include <QStandardPaths>
 #include <QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace
 {
 
@@ -23,7 +28,7 @@ constexpr int iconSize = 24;
 QPushButton* makeButton(const char* name, const char* iconName, const QString& caption, const QString& tip)
 {
     auto* button = new QPushButton(caption);
-    forms::dressButton(*button, name, iconName, tip);
+    forms::setUpButton(*button, name, iconName, tip);
     button->setIconSize(QSize(iconSize, iconSize));
     return button;
 }
@@ -35,15 +40,15 @@ PrintForm::PrintForm(WinCode& module, QWidget* parent)
     , m_module(module)
     , m_PrinterList(new QComboBox)
 {
-    setObjectName(QStringLiteral("PrintForm"));
-    setWindowTitle(QStringLiteral("Print"));
-    m_PrinterList->setObjectName(QStringLiteral("PrinterList"));
-    m_PrinterList->setAccessibleName(QStringLiteral("Select Printer"));
+    setObjectName(u"PrintForm"_s);
+    setWindowTitle(u"Print"_s);
+    m_PrinterList->setObjectName(u"PrinterList"_s);
+    m_PrinterList->setAccessibleName(u"Select Printer"_s);
     m_PrinterList->setMinimumContentsLength(28);
-    auto* label = new QLabel(QStringLiteral("&Select Printer"));
+    auto* label = new QLabel(u"&Select Printer"_s);
     label->setBuddy(m_PrinterList);
-    auto* ok = makeButton("Ok", "print", QStringLiteral("&OK"), QStringLiteral("Print on this printer"));
-    auto* cancel = makeButton("Cancel", "cancel", QStringLiteral("&Cancel"), QStringLiteral("Do not print"));
+    auto* ok = makeButton("Ok", "print", u"&OK"_s, u"Print on this printer"_s);
+    auto* cancel = makeButton("Cancel", "cancel", u"&Cancel"_s, u"Do not print"_s);
     ok->setDefault(true);
     connect(ok, &QPushButton::clicked, this, &PrintForm::Ok_Click);
     connect(cancel, &QPushButton::clicked, this, &PrintForm::Cancel_Click);
@@ -66,22 +71,21 @@ PrintForm::PrintForm(WinCode& module, QWidget* parent)
 
 void PrintForm::Form_Load()
 {
-    m_module.PrintCancelled = true;
+    m_module.setCancelled();
     m_PrinterList->addItems(QPrinterInfo::availablePrinterNames());
     m_hasPrinter = m_PrinterList->count() > 0;
     if (m_hasPrinter)
         m_PrinterList->setCurrentText(QPrinterInfo::defaultPrinterName());
     else
-        m_PrinterList->addItem(QStringLiteral("No printer found. OK makes a PDF file."));
+        m_PrinterList->addItem(u"No printer found. OK makes a PDF file."_s);
 }
 
 void PrintForm::Ok_Click()
 {
-    if (!m_hasPrinter && !askForFile())
-        return;
     if (m_hasPrinter)
-        m_module.currentPrinter = m_PrinterList->currentText();
-    m_module.PrintCancelled = false;
+        m_module.choosePrinter(m_PrinterList->currentText());
+    else if (!askForFile())
+        return;
     accept();
 }
 
@@ -90,13 +94,13 @@ bool PrintForm::askForFile()
     QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     if (!QFileInfo::exists(folder))
         folder = QDir::homePath(); // left alone, the dialog would begin in the program's own folder
-    const QString name = QString(m_module.documentName).replace(u'/', u'-');
-    const QString proposal = QStringLiteral("%1/%2.pdf").arg(folder, name);
-    const QPointer<QFileDialog> dialog(new QFileDialog(this, QStringLiteral("Save as a PDF file"), proposal,
-                                                       QStringLiteral("PDF files (*.pdf)")));
-    dialog->setObjectName(QStringLiteral("PdfFile"));
+    const QString name = QString(m_module.documentName()).replace(u'/', u'-');
+    const QString proposal = u"%1/%2.pdf"_s.arg(folder, name);
+    const QPointer<QFileDialog> dialog(
+        new QFileDialog(this, u"Save as a PDF file"_s, proposal, u"PDF files (*.pdf)"_s));
+    dialog->setObjectName(u"PdfFile"_s);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
-    dialog->setDefaultSuffix(QStringLiteral("pdf"));
+    dialog->setDefaultSuffix(u"pdf"_s);
     dialog->setOption(QFileDialog::DontUseNativeDialog);
     const bool isAccepted = dialog->exec() == QDialog::Accepted;
     if (dialog.isNull())
@@ -104,8 +108,7 @@ bool PrintForm::askForFile()
     dialog->deleteLater();
     if (!isAccepted)
         return false;
-    m_module.currentPrinter.clear();
-    m_module.pdfFile = dialog->selectedFiles().constFirst();
+    m_module.chooseFile(dialog->selectedFiles().constFirst());
     return true;
 }
 

@@ -1,7 +1,10 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "editor/TextPrinter.h"
 
+#include <QPagedPaintDevice>
 #include <QPainter>
-#include <QPrinter>
 #include <QTextLayout>
 
 namespace
@@ -14,15 +17,15 @@ constexpr qsizetype longestPortion = 4000;
 class PageWriter
 {
 public:
-    PageWriter(QPrinter& printer, QPainter& painter, const QFont& font)
-        : m_printer(printer)
+    PageWriter(QPagedPaintDevice& device, QPainter& painter, const QFont& font)
+        : m_device(device)
         , m_painter(painter)
-        , m_font(font, &printer)
+        , m_font(font, &device)
         , m_page(painter.viewport())
     {
     }
 
-    /// False where the printer refuses a new page.
+    /// False where the device refuses a new page.
     bool writeLine(const QString& line)
     {
         qsizetype done = 0;
@@ -37,7 +40,7 @@ public:
 private:
     bool writePortion(const QString& portion)
     {
-        QTextLayout layout(portion, m_font, &m_printer);
+        QTextLayout layout(portion, m_font, &m_device);
         QTextOption option;
         option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
         layout.setTextOption(option);
@@ -55,7 +58,7 @@ private:
     bool placeLine(const QTextLine& line)
     {
         if (m_y > 0 && m_y + line.height() > m_page.height()) {
-            if (!m_printer.newPage())
+            if (!m_device.newPage())
                 return false;
             m_y = 0;
         }
@@ -64,7 +67,7 @@ private:
         return true;
     }
 
-    QPrinter& m_printer;
+    QPagedPaintDevice& m_device;
     QPainter& m_painter;
     QFont m_font;
     QRectF m_page;
@@ -73,12 +76,12 @@ private:
 
 } // namespace
 
-bool printText(QPrinter& printer, const QString& text, const QFont& font)
+bool printText(QPagedPaintDevice& device, const QString& text, const QFont& font)
 {
     QPainter painter;
-    if (!painter.begin(&printer))
+    if (!painter.begin(&device))
         return false;
-    PageWriter writer(printer, painter, font);
+    PageWriter writer(device, painter, font);
     bool isWritten = true;
     qsizetype start = 0;
     while (isWritten && start < text.size()) {
@@ -88,5 +91,5 @@ bool printText(QPrinter& printer, const QString& text, const QFont& font)
         start = end + 1;
     }
     const bool isEnded = painter.end();
-    return isWritten && isEnded && printer.printerState() != QPrinter::Error;
+    return isWritten && isEnded;
 }

@@ -1,8 +1,11 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "editor/UndoRing.h"
 
 #include <algorithm>
 
-bool UndoRing::record(const TextRecord& text)
+bool UndoRing::record(const SharedText& text)
 {
     if (text == m_texts[static_cast<std::size_t>(m_undoIndex)])
         return false;
@@ -12,10 +15,10 @@ bool UndoRing::record(const TextRecord& text)
     return true;
 }
 
-TextRecord UndoRing::undo()
+SharedText UndoRing::undo()
 {
     Q_ASSERT(m_undoCount > 0);
-    const TextRecord& newest = m_texts[static_cast<std::size_t>(m_undoIndex)];
+    const SharedText& newest = m_texts[static_cast<std::size_t>(m_undoIndex)];
     m_undoIndex = (m_undoIndex + size - 1) % size;
     --m_undoCount;
     return newest;

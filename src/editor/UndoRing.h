@@ -1,6 +1,9 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
-#include "editor/TextRecord.h"
+#include "editor/SharedText.h"
 
 #include <array>
 
@@ -11,14 +14,14 @@ public:
     static constexpr int size = 31;
 
     /// Keeps `text` as the newest snapshot, unless it is that already. True where it was kept.
-    bool record(const TextRecord& text);
+    bool record(const SharedText& text);
     /// How many snapshots can still be restored.
     int count() const { return m_undoCount; }
     /// Takes the newest snapshot out; there must be one.
-    TextRecord undo();
+    SharedText undo();
 
 private:
-    std::array<TextRecord, size> m_texts;
+    std::array<SharedText, size> m_texts;
     int m_undoIndex = 0; ///< the newest snapshot; after the last undo an old text that is only compared with
     int m_undoCount = 0;
 };

@@ -1,24 +1,36 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include <QString>
 
-#include <memory>
-
-class QPrinter;
+class QFont;
 class QWidget;
 
-/// The printer that the program prints on, and the question which one it shall be.
+/// The printer that programs are printed on, and the question which one it shall be. A PDF file can take its
+/// place.
 class WinCode
 {
 public:
-    /// Asks for the printer. True where printing should go on.
-    bool PrintDialog(QWidget* parent);
-    /// The chosen printer, ready to be printed on.
-    std::unique_ptr<QPrinter> openPrinter() const;
+    /// Asks what a document is to be printed on. The printer's queue shows it under `documentName`, which is
+    /// proposed for a file as well. True where printing should go on.
+    bool PrintDialog(QWidget* parent, const QString& documentName);
+    /// Prints a text on what was chosen. False where that failed; an older file is untouched then.
+    [[nodiscard]] bool print(const QString& text, const QFont& font) const;
 
-    // Written by the dialog.
-    bool PrintCancelled = true;
-    QString currentPrinter; ///< its device name; empty where a file is to be written instead
-    QString pdfFile;        ///< the file that takes the place of a printer
-    QString documentName;   ///< what the printer's queue shows, and the name proposed for the file
+    // For the dialog.
+    const QString& documentName() const { return m_documentName; }
+    void setCancelled() { m_PrintCancelled = true; }
+    void choosePrinter(const QString& deviceName);
+    void chooseFile(const QString& pdfFile);
+
+private:
+    bool printIntoFile(const QString& text, const QFont& font) const;
+    bool printOnPaper(const QString& text, const QFont& font) const;
+
+    bool m_PrintCancelled = true;
+    QString m_documentName;
+    QString m_printer; ///< its device name; empty where a file is to be written instead
+    QString m_pdfFile;
 };

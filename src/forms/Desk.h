@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include "platform/Installation.h"
@@ -50,6 +53,8 @@ public:
     /// Closes properties, resources and sprite editor of the current game. False where the user wants to stay
     /// (unsaved sprites).
     virtual bool closeGameWindows() = 0;
+    /// Whether files of the current game may be written: asks, once, where somebody else works on it too.
+    virtual bool mayChangeGame(QWidget* /*parent*/) { return true; }
     /// A new, hidden code editor, owned by the caller until closeForGood().
     virtual CodeEditorForm* createCodeEditor() = 0;
     /// The title of CurrentGame has changed: captions follow.

@@ -1,4 +1,9 @@
-#include "forms/Forms.h"
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
+#include "forms/Style.h"
+
+#include "forms/Icons.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -6,12 +11,15 @@
 #include <QScopedValueRollback>
 #include <QStyle>
 #include <QStyleFactory>
+#include <QWidget>
 
 #include <algorithm>
 #include <optional>
 
 namespace
 {
+
+using namespace Qt::StringLiterals;
 
 constexpr qreal smallestFont = 11;
 
@@ -60,10 +68,8 @@ QPalette ourPalette(bool dark)
 }
 
 /// Soft, rounded buttons with a focus that can be seen; everything else is left to the style below. The
-/// border has the same width with and without focus, so that nothing moves.
-QString ourStyleSheet(bool dark)
-{
-    QString sheet = QStringLiteral(R"(
+/// border has the same width with and without focus, so that nothing moves. A word with @ stands for a color.
+constexpr auto sheet = R"(
 QPushButton, QToolButton {
     border: 2px solid @border; border-radius: 9px; padding: 5px 10px;
     background: qlineargradient(x1:0, y1:0, x2:0, y2:1, stop:0 @top, stop:1 @bottom);
@@ -75,7 +81,7 @@ QPushButton:pressed, QToolButton:pressed, QPushButton:checked, QToolButton:check
 }
 QPushButton:focus, QToolButton:focus { border-color: @accent; }
 QPushButton:disabled, QToolButton:disabled { border-color: @faint; background: transparent; }
-EditorBars QToolButton { padding: 5px 4px; } /* the code editor is to fit beside the game editor */
+EditorBars QToolButton, GameEditor QToolButton { padding: 5px 4px; } /* windows that have to fit beside others */
 QToolBar QToolButton { padding: 3px; border-radius: 7px; }
 QFileDialog QToolButton { padding: 2px; border-radius: 5px; } /* small ones: more leaves no room for the icon */
 QToolBar QToolButton:!hover:!pressed:!checked:!focus { border-color: transparent; background: transparent; }
@@ -105,25 +111,31 @@ QSlider:focus { border: 2px solid @accent; border-radius: 9px; }
 QSlider { border: 2px solid transparent; padding: 4px; min-height: 24px; }
 QSlider::sub-page:horizontal:disabled { background: @groove; }
 QToolTip { border: 1px solid @border; padding: 4px; color: @tiptext; background: @tip; }
-)");
-    struct Colour {
-        const char* name;
-        const char* light;
-        const char* dark;
-    };
-    static constexpr Colour colours[] = {
-        {"@border", "#c3cbdb", "#505868"},  {"@top", "#ffffff", "#414856"},
-        {"@bottom", "#eef2fa", "#363c48"},  {"@hover", "#8fb2ea", "#6f94cf"},
-        {"@lit", "#eaf2ff", "#454e60"},     {"@down", "#d5e4fb", "#2d4a75"},
-        {"@accent", "#2f6fd6", "#6ea5ff"},  {"@faint", "#dfe4ed", "#3a404c"},
-        {"@tiptext", "#20242e", "#e9ecf2"}, {"@tip", "#fff7d6", "#3d4350"},
-        {"@outline", "#b3bccd", "#5f687a"}, {"@base", "#ffffff", "#1b1e25"},
-        {"@groove", "#d6dce8", "#4d5463"},  {"@handle", "#5b8dd6", "#8db4f5"},
-    };
-    // The longer name first: "@tip" is the beginning of "@tiptext".
-    for (const Colour& colour : colours)
-        sheet.replace(QLatin1String(colour.name), QLatin1String(dark ? colour.dark : colour.light));
-    return sheet;
+)"_L1;
+
+struct SheetColor {
+    QLatin1StringView name;
+    QLatin1StringView light;
+    QLatin1StringView dark;
+};
+
+// The longer name first: "@tip" is the beginning of "@tiptext".
+constexpr SheetColor sheetColors[] = {
+    {"@border"_L1, "#c3cbdb"_L1, "#505868"_L1},  {"@top"_L1, "#ffffff"_L1, "#414856"_L1},
+    {"@bottom"_L1, "#eef2fa"_L1, "#363c48"_L1},  {"@hover"_L1, "#8fb2ea"_L1, "#6f94cf"_L1},
+    {"@lit"_L1, "#eaf2ff"_L1, "#454e60"_L1},     {"@down"_L1, "#d5e4fb"_L1, "#2d4a75"_L1},
+    {"@accent"_L1, "#2f6fd6"_L1, "#6ea5ff"_L1},  {"@faint"_L1, "#dfe4ed"_L1, "#3a404c"_L1},
+    {"@tiptext"_L1, "#20242e"_L1, "#e9ecf2"_L1}, {"@tip"_L1, "#fff7d6"_L1, "#3d4350"_L1},
+    {"@outline"_L1, "#b3bccd"_L1, "#5f687a"_L1}, {"@base"_L1, "#ffffff"_L1, "#1b1e25"_L1},
+    {"@groove"_L1, "#d6dce8"_L1, "#4d5463"_L1},  {"@handle"_L1, "#5b8dd6"_L1, "#8db4f5"_L1},
+};
+
+QString ourStyleSheet(bool dark)
+{
+    QString filled = sheet;
+    for (const SheetColor& color : sheetColors)
+        filled.replace(color.name, dark ? color.dark : color.light);
+    return filled;
 }
 
 bool isDark(const QPalette& palette)
@@ -131,15 +143,15 @@ bool isDark(const QPalette& palette)
     return palette.color(QPalette::Window).lightness() < 128;
 }
 
-/// Puts our colours on, and puts them on again when the desktop changes between light and dark.
-class Wardrobe : public QObject
+/// Puts our colors on, and puts them on again when the desktop changes between light and dark.
+class ThemeFollower : public QObject
 {
 public:
     using QObject::QObject;
 
-    void dress()
+    void apply()
     {
-        const QScopedValueRollback dressing(m_dressing, true);
+        const QScopedValueRollback applying(m_applying, true);
         const bool dark = isDark(QApplication::palette());
         QApplication::setPalette(ourPalette(dark));
         QPalette scrollBars = ourPalette(dark);
@@ -154,18 +166,18 @@ public:
 
     bool eventFilter(QObject* watched, QEvent* event) override
     {
-        if (event->type() == QEvent::ThemeChange && !m_dressing) {
-            const QScopedValueRollback dressing(m_dressing, true);
-            QApplication::setPalette(QPalette()); // lets the desktop's own colours show again
-            dress();
-        } else if (event->type() == QEvent::ApplicationPaletteChange && watched == qApp && !m_dressing) {
-            dress();
+        if (event->type() == QEvent::ThemeChange && !m_applying) {
+            const QScopedValueRollback applying(m_applying, true);
+            QApplication::setPalette(QPalette()); // lets the desktop's own colors show again
+            apply();
+        } else if (event->type() == QEvent::ApplicationPaletteChange && watched == qApp && !m_applying) {
+            apply();
         }
         return QObject::eventFilter(watched, event);
     }
 
 private:
-    bool m_dressing = false;
+    bool m_applying = false;
     std::optional<bool> m_dark;
 };
 
@@ -174,17 +186,35 @@ private:
 namespace forms
 {
 
-void dressApplication()
+QFont fixedFont(int points)
 {
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QFont font;
+    font.setFamilies({u"Courier New"_s, u"Liberation Mono"_s, u"Cousine"_s, u"DejaVu Sans Mono"_s});
+    font.setStyleHint(QFont::TypeWriter);
+    font.setFixedPitch(true);
+    font.setPointSize(points);
+    return font;
+}
+
+void bringUp(QWidget& window)
+{
+    window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+    window.show();
+    window.raise();
+    window.activateWindow();
+}
+
+void setUpApplication()
+{
+    QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
     QFont font = QApplication::font();
     if (font.pointSizeF() > 0)
         font.setPointSizeF(std::max(font.pointSizeF(), smallestFont));
     QApplication::setFont(font);
     QApplication::setWindowIcon(icon("zorbino"));
-    auto* wardrobe = new Wardrobe(qApp);
-    wardrobe->dress();
-    qApp->installEventFilter(wardrobe);
+    auto* follower = new ThemeFollower(qApp);
+    follower->apply();
+    qApp->installEventFilter(follower);
 }
 
 } // namespace forms

@@ -1,21 +1,14 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "language/LineArray.h"
 
+#include "platform/NumberText.h"
 #include "platform/TextFile.h"
+#include "platform/Utf8.h"
 
 #include <algorithm>
-
-namespace
-{
-
-std::string_view trimSpaces(std::string_view line)
-{
-    const auto first = line.find_first_not_of(' ');
-    if (first == std::string_view::npos)
-        return {};
-    return line.substr(first, line.find_last_not_of(' ') - first + 1);
-}
-
-} // namespace
+#include <functional>
 
 LineArray::LineArray(std::string_view text)
 {
@@ -47,9 +40,38 @@ void LineArray::cutIntoLines()
         }
         const std::string_view line =
             trimSpaces({start, static_cast<std::size_t>((codeEnd ? codeEnd : at) - start)});
-        m_lines.push_back(ascii ? line : std::string_view(m_foreign.emplace_back(lowerCase(line))));
+        m_lines.push_back(ascii ? line : lowerAside(line));
         at += 2;
     }
+}
+
+std::string_view LineArray::lowerAside(std::string_view line)
+{
+    m_nonAscii.push_back({lowerCase(line), line});
+    return m_nonAscii.back().lower;
+}
+
+std::string_view LineArray::written(std::string_view line) const
+{
+    const std::less_equal<> isUpTo;
+    const char* const text = m_text.data();
+    if (isUpTo(text, line.data()) && isUpTo(line.data(), text + m_text.size()))
+        return line;
+    const auto found = std::ranges::find_if(
+        m_nonAscii, [&](const NonAsciiLine& each) { return each.lower.data() == line.data(); });
+    return found->written;
+}
+
+std::size_t LineArray::columnOf(int number, std::size_t position) const
+{
+    const std::string_view line = (*this)[number];
+    const std::string_view original = written(line);
+    std::size_t bytes = 0; // of as many characters as stand in front of the position
+    for (std::size_t count = characterCount(line.substr(0, position)); count > 0; --count)
+        bytes += firstCharacterLength(original.substr(bytes));
+    const auto from = static_cast<std::size_t>(original.data() - m_text.data());
+    const std::size_t lineEnd = from < 2 ? std::string::npos : m_text.rfind("\r\n", from - 2);
+    return from + bytes - (lineEnd == std::string::npos ? 0 : lineEnd + 2) + 1;
 }
 
 void LineArray::matchBlocks()

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include <cstdint>
@@ -29,13 +32,24 @@ public:
     bool closesBlock(int number) const { return (*this)[number].starts_with('}'); }
     /// The line that closes the block opened on line `number`, or -1.
     int closingLine(int number) const { return m_closingLines[static_cast<std::size_t>(number) - 1]; }
+    /// Where byte `position` of line `number` stands in the line as it was written: a column in bytes, from
+    /// 1. The line must not be empty.
+    std::size_t columnOf(int number, std::size_t position) const;
 
 private:
     void cutIntoLines();
+    std::string_view lowerAside(std::string_view line);
     void matchBlocks();
 
-    std::string m_text;
-    std::deque<std::string> m_foreign; ///< lines whose lower-case form need not fit into the text
+    /// A line whose lower-case form need not take as many bytes as what was written.
+    struct NonAsciiLine {
+        std::string lower;
+        std::string_view written; ///< within the text, as long as `lower` in characters
+    };
+    std::string_view written(std::string_view line) const;
+
+    std::string m_text; ///< only its ASCII letters are lower-cased
+    std::deque<NonAsciiLine> m_nonAscii;
     std::vector<std::string_view> m_lines;
     std::vector<std::int32_t> m_closingLines;
 };

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include <functional>
@@ -24,6 +27,11 @@ public:
         return found != m_texts.end() ? &*found : &*m_texts.emplace(text).first;
     }
 
+    /// What programs read of something that holds or does not: "true" or "False".
+    Text truth(bool holds) const { return holds ? m_true : m_false; }
+
 private:
     std::unordered_set<std::string, TextHash, std::equal_to<>> m_texts;
+    Text m_true = intern("true");
+    Text m_false = intern("False");
 };

@@ -1,6 +1,9 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "language/VariableTable.h"
 
-#include "language/ZBParse.h"
+#include "language/Vocabulary.h"
 
 std::int32_t VariableTable::Slots::slot(std::string_view name, TextPool& pool)
 {
@@ -15,15 +18,16 @@ std::int32_t VariableTable::Slots::slot(std::string_view name, TextPool& pool)
 
 std::optional<ZBLVarExp> VariableTable::Parse(std::string_view word, TextPool& pool)
 {
-    constexpr std::string_view counterPrefix = "counter$";
-    constexpr std::string_view textPrefix = "text$";
-    const auto variable = [&](ValueKind kind, Slots& slots, std::string_view name) {
-        const std::int32_t slot = slots.slot(name, pool);
-        return ZBLVarExp{kind, slot, slots.names[static_cast<std::size_t>(slot)]};
-    };
-    if (word.size() > counterPrefix.size() && startsWith(word, counterPrefix))
-        return variable(ValueKind::Counter, m_counters, word.substr(counterPrefix.size()));
-    if (word.size() > textPrefix.size() && startsWith(word, textPrefix))
-        return variable(ValueKind::Text, m_texts, word.substr(textPrefix.size()));
-    return std::nullopt;
+    const OperandShape shape(word);
+    if (shape.kind != OperandKind::Variable || !shape.isComplete)
+        return std::nullopt;
+    return variable(shape, pool);
+}
+
+ZBLVarExp VariableTable::variable(const OperandShape& shape, TextPool& pool)
+{
+    const ValueKind kind = findWord<VariablePrefix>(shape.first)->kind;
+    Slots& slots = kind == ValueKind::Counter ? m_counters : m_texts;
+    const std::int32_t slot = slots.slot(shape.second, pool);
+    return {kind, slot, slots.names[static_cast<std::size_t>(slot)]};
 }

@@ -1,5 +1,9 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
+#include "language/OperandShape.h"
 #include "language/TextPool.h"
 #include "language/ZBLValueExp.h"
 
@@ -15,6 +19,8 @@ class VariableTable
 public:
     /// Reads "counter$name" or "text$name"; nothing for any other word.
     std::optional<ZBLVarExp> Parse(std::string_view word, TextPool& pool);
+    /// The variable of a complete word of that shape.
+    ZBLVarExp variable(const OperandShape& shape, TextPool& pool);
 
     const std::vector<Text>& counters() const { return m_counters.names; }
     const std::vector<Text>& texts() const { return m_texts.names; }

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "language/ZBLCreateExp.h"
 
 namespace
@@ -20,15 +23,14 @@ constexpr std::array<std::string_view, 8> missing = {
 
 } // namespace
 
-bool ZBLCreateExp::Parse(const ZBLReader& reader, int line)
+bool ZBLCreateExp::Parse(const ParseInput& input, int line, Words words)
 {
     m_line = line;
-    Words words(reader.lines[line]);
-    if (words.next() != "create")
-        return reader.fail("[Internal Error!] No create in create instruction.", line);
-    for (std::size_t i = 0; i < m_operands.size(); ++i)
-        if (!m_operands[i].Parse(words.next(), reader))
-            return reader.fail(missing[i], line);
+    for (std::size_t i = 0; i < m_operands.size(); ++i) {
+        const std::string_view word = words.next();
+        if (!m_operands[i].Parse(word, input))
+            return input.fail(std::string(missing[i]), line, word);
+    }
     return true;
 }
 

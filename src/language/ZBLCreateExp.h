@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include "language/ZBLStatement.h"
@@ -14,7 +17,7 @@ public:
         : ZBLStatement(Type::Create)
     {
     }
-    bool Parse(const ZBLReader& reader, int line) override;
+    bool Parse(const ParseInput& input, int line, Words words) override;
     std::string toString() const override;
 
     const ZBLSimpleExp& operand(Operand which) const { return m_operands[which]; }

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include "language/ZBLStatement.h"
@@ -10,6 +13,6 @@ public:
         : ZBLStatement(Type::Pause)
     {
     }
-    bool Parse(const ZBLReader& reader, int line) override;
+    bool Parse(const ParseInput& input, int line, Words words) override;
     std::string toString() const override { return "pause"; }
 };

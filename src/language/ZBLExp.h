@@ -1,9 +1,14 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include "language/ZBLStatement.h"
 
 #include <memory>
 #include <vector>
+
+class ZBLIfExp;
 
 /// A statement sequence: all that stands in one innermost block of a program. Statements are kept flat, in
 /// the order in which they are written; behind an if stand the statements of its blocks. So deep nesting
@@ -20,8 +25,8 @@ public:
     };
 
     /// Reads the lines from `from` to `to`, both included, behind the statements that are there already.
-    /// False on the first fault, which has then been reported.
-    bool Parse(const ZBLReader& reader, int from, int to);
+    /// False where reading ends here because of a fault, which has then been reported.
+    bool Parse(const ParseInput& input, int from, int to);
     bool isempty() const { return statementCount() == 0; }
     /// Statements of the block itself, an if with all in it counting as one.
     int statementCount() const { return m_statementCount; }
@@ -32,6 +37,15 @@ public:
     void Display(std::string& listing, int indent) const;
 
 private:
+    /// A block of an if that is being read.
+    struct OpenBlock {
+        ZBLIfExp* owner; ///< null where the if could not be read
+        int end;         ///< the line that closes it
+        bool isElse;
+    };
+    bool parseStatement(const ParseInput& input, int line, std::vector<OpenBlock>& open);
+    bool closeBlock(const ParseInput& input, int line, std::vector<OpenBlock>& open);
+
     std::vector<std::unique_ptr<ZBLStatement>> m_statements;
     std::vector<Item> m_items;
     int m_statementCount = 0;

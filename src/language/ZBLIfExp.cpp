@@ -1,84 +1,72 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "language/ZBLIfExp.h"
 
-#include <algorithm>
-#include <array>
-
-namespace
-{
-
-constexpr std::array<std::string_view, 6> operators = {"=", "!=", "<",
-                                                       ">", "<=", ">="}; // in the order of Operator
-
-} // namespace
-
-bool ZBLIfExp::Parse(const ZBLReader& reader, int line)
+bool ZBLIfExp::Parse(const ParseInput& input, int line, Words words)
 {
     m_line = line;
-    Words words(reader.lines[line]);
-    if (words.next() != "if")
-        return reader.fail("[Internal error!] This if statement doesn't begin with if!", line);
-
-    const std::string left(words.next());
+    const std::string_view left = words.next();
     if (left.empty())
-        return reader.fail("I can't find the first part of the test in this if statement!", line);
-    if (!m_left.Parse(left, reader))
-        return reader.fail(
-            "I don't understand the first part of the test (" + left + ") in this if statement.", line);
-
-    const std::string op(words.next());
-    if (op.empty())
-        return reader.fail("You didn't specify an operator (e.g. =, !=, >, etc.) in this if statement.",
-                           line);
-    const auto known = std::ranges::find(operators, op);
-    if (known == operators.end()) {
-        const std::string start = "I don't understand the operator (" + op + ") in this if statement";
-        const bool glued = std::string_view("><=!").find(op.front()) != std::string_view::npos;
-        return reader.fail(start + (glued ? "-- are you missing a space after the operator?" : "."), line);
-    }
-    m_operator = static_cast<Operator>(known - operators.begin());
-
-    const std::string right(words.next());
+        return input.fail("I can't find the first part of the test in this if statement!", line, left);
+    if (!m_left.Parse(left, input))
+        return input.fail("I don't understand the first part of the test (" + std::string(left) +
+                              ") in this if statement.",
+                          line, left);
+    if (!parseOperator(input, words.next()))
+        return false;
+    const std::string_view right = words.next();
     if (right.empty())
-        return reader.fail("I can't find the second part of the test in this if statement!", line);
-    if (!m_right.Parse(right, reader))
-        return reader.fail(
-            "I don't understand the second part of the test (" + right + ") in this if statement!", line);
+        return input.fail("I can't find the second part of the test in this if statement!", line, right);
+    if (!m_right.Parse(right, input))
+        return input.fail("I don't understand the second part of the test (" + std::string(right) +
+                              ") in this if statement!",
+                          line, right);
 
-    const BlockEnd end = findBlockEnd(reader.lines, line);
-    if (end.header != "if")
-        return reader.fail("[Internal error!] This if statement doesn't begin correctly.", line);
+    const BlockEnd end = input.blockEnd(line);
     if (end.line == BlockEnd::noBlock)
-        return reader.fail("This if statement doesn't start a block (is the brace missing?)", line);
-    if (end.line == BlockEnd::none)
-        return reader.fail("I can't find the end of this if statement!  You probably have unmatched braces.",
-                           line);
+        return input.fail("This if statement doesn't start a block (is the brace missing?)", line,
+                          endOf(input.lines[line]));
     m_thenEnd = end.line;
-    return true;
+    return end.line != BlockEnd::none ||
+           input.failBlock("I can't find the end of this if statement!  You probably have unmatched braces.",
+                           line, line);
 }
 
-bool ZBLIfExp::ParseElse(const ZBLReader& reader)
+bool ZBLIfExp::parseOperator(const ParseInput& input, std::string_view word)
 {
-    if (findBlockEnd(reader.lines, m_line).footer != "else")
+    if (word.empty())
+        return input.fail("You didn't specify an operator (e.g. =, !=, >, etc.) in this if statement.",
+                          m_line, word);
+    if (const auto* known = findWord<TestOperator>(word)) {
+        m_operator = *known;
         return true;
-    const BlockEnd end = findBlockEnd(reader.lines, m_thenEnd);
-    if (end.header != "else")
-        return reader.fail("[Internal error!] This if statement doesn't begin its else clause correctly.",
-                           m_thenEnd);
+    }
+    const bool isGlued = std::string_view("><=!").find(word.front()) != std::string_view::npos;
+    return input.fail("I don't understand the operator (" + std::string(word) + ") in this if statement" +
+                          (isGlued ? "-- are you missing a space after the operator?" : "."),
+                      m_line, word);
+}
+
+bool ZBLIfExp::ParseElse(const ParseInput& input)
+{
+    const auto* footer = findWord<Block>(input.blockEnd(m_line).footer);
+    if (!footer || *footer != Block::Else)
+        return true;
+    const BlockEnd end = input.blockEnd(m_thenEnd);
     if (end.line == BlockEnd::noBlock)
-        return reader.fail("This else clause doesn't start a block (is the brace missing?)", m_thenEnd);
+        return input.fail("This else clause doesn't start a block (is the brace missing?)", m_thenEnd,
+                          endOf(input.lines[m_thenEnd]));
     if (end.line == BlockEnd::none)
-        return reader.fail("I can't find the end of this else clause!  You probably have unmatched braces.",
-                           m_thenEnd);
+        return input.failBlock(
+            "I can't find the end of this else clause!  You probably have unmatched braces.", m_thenEnd,
+            m_thenEnd);
     m_elseEnd = end.line;
     return true;
 }
 
-std::string_view ZBLIfExp::operatorText() const
-{
-    return operators[static_cast<std::size_t>(m_operator)];
-}
-
 std::string ZBLIfExp::toString() const
 {
-    return "if " + m_left.toString() + " " + std::string(operatorText()) + " " + m_right.toString() + " {";
+    return "if " + m_left.toString() + " " + std::string(wordFor(m_operator)) + " " + m_right.toString() +
+           " {";
 }

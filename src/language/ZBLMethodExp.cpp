@@ -1,90 +1,113 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "language/ZBLMethodExp.h"
 
-bool ZBLMethodExp::Parse(const ZBLReader& reader, int line)
+#include <utility>
+
+namespace
+{
+constexpr std::string_view missingObject = "You didn't specify what object to % in this instruction.";
+}
+
+bool ZBLMethodExp::Parse(const ParseInput& input, int line, Words words)
 {
     m_line = line;
-    Words words(reader.lines[line]);
-    const std::string word(words.next());
-    if (word.empty())
-        return reader.fail("[Internal error!] The name of the method is not specified in this instruction.",
-                           line);
-    m_word = findActionWord(word);
-    if (!m_word)
-        return reader.fail("I don't know of any method named \"" + word + "\"", line);
-
-    const std::string missingObject = "You didn't specify what object to " + word + " in this instruction.";
-    switch (m_word->operands) {
+    switch (operands()) {
     case Operands::None:
         return true;
     case Operands::Sprite:
-        return parseSprite(reader, words, missingObject);
+        return parseSprite(input, words.next(), missingObject);
     case Operands::SpriteAndValue:
-        return parseSprite(reader, words, missingObject) &&
-               parseValue(reader, words, "You didn't specify an amount to " + word + " by.", m_value);
+        return parseSprite(input, words.next(), missingObject) &&
+               parseValue(input, words.next(), "You didn't specify an amount to % by.", m_value);
     case Operands::SpriteAndPlace:
-        m_yz = std::make_unique<std::array<ZBLSimpleExp, 2>>();
-        return parseSprite(reader, words,
-                           "You didn't specify what object to set the position of in this instruction.") &&
-               parseValue(reader, words, "You didn't specify an x value in this instruction.", m_value) &&
-               parseValue(reader, words, "You didn't specify a y value in this instruction.", (*m_yz)[0]) &&
-               parseValue(reader, words, "You didn't specify a z value in this instruction.", (*m_yz)[1]);
+        return parsePlace(input, words);
     case Operands::TwoObjects:
-        return parseObject(reader, words, missingObject, m_object) &&
-               parseObject(reader, words,
+        return parseObject(input, words.next(), missingObject, m_object) &&
+               parseObject(input, words.next(),
                            "You didn't specify what object to rebound against in this instruction.",
                            m_otherObject);
     case Operands::GameAndValue:
-        if (words.next() != "game")
-            return reader.fail("You have to specify object game in a " + word + " instruction.", line);
-        m_object = ZBLObjectExp(ZBLObjectExp::Name::Game);
-        return parseValue(reader, words, "You didn't a value in this instruction.", m_value);
+        return parseGame(input, words);
     }
     return false;
 }
 
-bool ZBLMethodExp::parseObject(const ZBLReader& reader, Words& words, const std::string& missing,
-                               ZBLObjectExp& object) const
+bool ZBLMethodExp::parsePlace(const ParseInput& input, Words& words)
+{
+    m_yz = std::make_unique<std::array<ZBLSimpleExp, 2>>();
+    return parseSprite(input, words.next(),
+                       "You didn't specify what object to set the position of in this instruction.") &&
+           parseValue(input, words.next(), "You didn't specify an x value in this instruction.", m_value) &&
+           parseValue(input, words.next(), "You didn't specify a y value in this instruction.", (*m_yz)[0]) &&
+           parseValue(input, words.next(), "You didn't specify a z value in this instruction.", (*m_yz)[1]);
+}
+
+bool ZBLMethodExp::parseGame(const ParseInput& input, Words& words)
 {
     const std::string_view word = words.next();
+    const auto* object = findWord<ObjectWord>(word);
+    if (!object || object->name != ObjectName::Game)
+        return input.fail("You have to specify object game in a " + std::string(methodName()) +
+                              " instruction.",
+                          m_line, word);
+    m_object = ZBLObjectExp(*object);
+    return parseValue(input, words.next(), "You didn't a value in this instruction.", m_value);
+}
+
+bool ZBLMethodExp::parseObject(const ParseInput& input, std::string_view word, std::string_view missing,
+                               ZBLObjectExp& object) const
+{
     if (word.empty())
-        return reader.fail(missing, m_line);
+        return failMissing(input, word, missing);
     const auto read = ZBLObjectExp::Parse(word);
     if (!read)
-        return reader.fail("When you called the " + std::string(m_word->word) +
-                               " method, I expected it to be called on an object, but you called it on \"" +
-                               std::string(word) + "\".",
-                           m_line);
+        return input.fail("When you called the " + std::string(methodName()) +
+                              " method, I expected it to be called on an object, but you called it on \"" +
+                              std::string(word) + "\".",
+                          m_line, word);
     object = *read;
     return true;
 }
 
-bool ZBLMethodExp::parseSprite(const ZBLReader& reader, Words& words, const std::string& missing)
+bool ZBLMethodExp::parseSprite(const ParseInput& input, std::string_view word, std::string_view missing)
 {
-    if (!parseObject(reader, words, missing, m_object))
+    if (!parseObject(input, word, missing, m_object))
         return false;
     return m_object.isSprite() ||
-           reader.fail("Method " + std::string(m_word->word) + " can only be applied to ME or IT.", m_line);
+           input.fail("Method " + std::string(methodName()) + " can only be applied to ME or IT.", m_line,
+                      word);
 }
 
-bool ZBLMethodExp::parseValue(const ZBLReader& reader, Words& words, const std::string& missing,
+bool ZBLMethodExp::parseValue(const ParseInput& input, std::string_view word, std::string_view missing,
                               ZBLSimpleExp& value) const
 {
-    const std::string_view word = words.next();
     if (word.empty())
-        return reader.fail(missing, m_line);
-    return value.Parse(word, reader) ||
-           reader.fail("I don't understand the value (" + std::string(word) + ") in this " +
-                           std::string(m_word->word) + " instruction.",
-                       m_line);
+        return failMissing(input, word, missing);
+    return value.Parse(word, input) ||
+           input.fail("I don't understand the value (" + std::string(word) + ") in this " +
+                          std::string(methodName()) + " instruction.",
+                      m_line, word);
+}
+
+bool ZBLMethodExp::failMissing(const ParseInput& input, std::string_view place,
+                               std::string_view missing) const
+{
+    std::string message(missing);
+    const std::size_t gap = message.find('%');
+    if (gap != std::string::npos)
+        message.replace(gap, 1, methodName());
+    return input.fail(std::move(message), m_line, place);
 }
 
 std::string ZBLMethodExp::toString() const
 {
-    std::string text(m_word->word);
+    std::string text(methodName());
     const auto add = [&](std::string_view word) { text.append(" ").append(word); };
-    if (m_word->operands != Operands::None)
+    if (operands() != Operands::None)
         add(m_object.toString());
-    switch (m_word->operands) {
+    switch (operands()) {
     case Operands::None:
     case Operands::Sprite:
         break;

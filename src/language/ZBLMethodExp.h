@@ -1,24 +1,28 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
-#include "language/StatementWords.h"
+#include "language/ZBLStatement.h"
 
 #include <array>
 #include <memory>
 
-/// An action statement: a word and the operands that its row in the table of action words asks for.
+/// An action statement: a word and the operands that its row in the vocabulary asks for.
 class ZBLMethodExp final : public ZBLStatement
 {
 public:
-    ZBLMethodExp()
+    explicit ZBLMethodExp(const ActionForm& form)
         : ZBLStatement(Type::Action)
+        , m_form(form)
     {
     }
-    bool Parse(const ZBLReader& reader, int line) override;
+    bool Parse(const ParseInput& input, int line, Words words) override;
     std::string toString() const override;
 
-    std::string_view methodName() const { return m_word->word; }
-    Action action() const { return m_word->action; }
-    Operands operands() const { return m_word->operands; }
+    std::string_view methodName() const { return wordFor(m_form.action); }
+    Action action() const { return m_form.action; }
+    Operands operands() const { return m_form.operands; }
     const ZBLObjectExp& object() const { return m_object; }
     const ZBLObjectExp& otherObject() const { return m_otherObject; }
     const ZBLSimpleExp& value() const { return m_value; }
@@ -26,13 +30,17 @@ public:
     const ZBLSimpleExp& valueZ() const { return (*m_yz)[1]; }
 
 private:
-    bool parseObject(const ZBLReader& reader, Words& words, const std::string& missing,
+    bool parsePlace(const ParseInput& input, Words& words);
+    bool parseGame(const ParseInput& input, Words& words);
+    // What is said of a missing word has a "%" for the action word.
+    bool parseObject(const ParseInput& input, std::string_view word, std::string_view missing,
                      ZBLObjectExp& object) const;
-    bool parseSprite(const ZBLReader& reader, Words& words, const std::string& missing);
-    bool parseValue(const ZBLReader& reader, Words& words, const std::string& missing,
+    bool parseSprite(const ParseInput& input, std::string_view word, std::string_view missing);
+    bool parseValue(const ParseInput& input, std::string_view word, std::string_view missing,
                     ZBLSimpleExp& value) const;
+    bool failMissing(const ParseInput& input, std::string_view place, std::string_view missing) const;
 
-    const ActionWord* m_word = nullptr;
+    ActionForm m_form;
     ZBLObjectExp m_object;
     ZBLObjectExp m_otherObject;
     ZBLSimpleExp m_value;

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include "language/ZBLStatement.h"
@@ -6,13 +9,14 @@
 class ZBLMutateExp final : public ZBLStatement
 {
 public:
-    enum class Verb : std::uint8_t { Set, Change };
+    using Verb = ::Verb;
 
-    ZBLMutateExp()
+    explicit ZBLMutateExp(Verb verb)
         : ZBLStatement(Type::Mutate)
+        , m_verb(verb)
     {
     }
-    bool Parse(const ZBLReader& reader, int line) override;
+    bool Parse(const ParseInput& input, int line, Words words) override;
     std::string toString() const override;
 
     Verb verb() const { return m_verb; }
@@ -20,7 +24,7 @@ public:
     const ZBLSimpleExp& value() const { return m_value; }
 
 private:
-    Verb m_verb = Verb::Set;
+    Verb m_verb;
     ZBLVarExp m_target;
     ZBLSimpleExp m_value;
 };

@@ -1,21 +1,23 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "language/ZBLProgramExp.h"
 
 #include "platform/TextFile.h"
 
-#include <algorithm>
-
 namespace
 {
-
-// In the order of EventName; the order in which a listing shows them as well.
-constexpr std::array<std::string_view, eventNameCount> eventNames = {"normal", "collision", "mapchange",
-                                                                     "create", "destroy"};
-constexpr std::array<std::string_view, 2> partNames = {"initialize", "loop"};
 
 /// The block name of an opening line: all of it but the brace.
 std::string_view blockName(std::string_view opener)
 {
-    return opener.substr(0, opener.size() - 1);
+    return opener.substr(0, opener.empty() ? 0 : opener.size() - 1);
+}
+
+bool isBlock(std::string_view name, Block block)
+{
+    const auto* known = findWord<Block>(name);
+    return known && *known == block;
 }
 
 std::string braces(std::string_view header, std::string_view footer)
@@ -32,50 +34,63 @@ std::string misnamed(std::string_view what, std::string_view expected, std::stri
            ", but instead found " + braces(header, footer) + ".";
 }
 
-} // namespace
-
-std::string_view toString(EventName event)
+/// Reads the statements in a block that has no business here, for their faults alone. False where reading
+/// ends.
+bool readInVain(const ParseInput& input, int opening, const BlockEnd& block)
 {
-    return eventNames[static_cast<std::size_t>(event)];
+    return input.goesOn && block.behind > opening && ZBLExp().Parse(input, opening + 1, block.inner);
 }
 
-bool ZBLClassExp::Parse(const ZBLReader& reader, int& line)
+} // namespace
+
+bool ZBLClassExp::Parse(const ParseInput& input, int& line)
 {
     const int opening = line;
-    const BlockEnd block = findBlockEnd(reader.lines, opening);
+    const BlockEnd block = input.blockEnd(opening);
     m_className = block.header;
-    const std::string shown = upperCase(m_className);
-    if (block.line < 0)
-        return reader.fail("The " + shown +
-                               " class definition block does not have an ending! (No \"}CLASSES\" found.)",
-                           opening);
-    if (block.footer != block.header)
-        return reader.fail(misnamed("this class definition block", m_className, m_className, block.footer),
-                           opening, block.line);
+    if (block.line < 0 &&
+        !input.failBlock("The " + upperCase(m_className) +
+                             " class definition block does not have an ending! (No \"}CLASSES\" found.)",
+                         opening, opening, block.header))
+        return false;
+    if (block.line > 0 && block.footer != block.header &&
+        !input.failBlock(misnamed("this class definition block", m_className, m_className, block.footer),
+                         opening, block.line, block.header))
+        return false;
     for (line = opening + 1;;) {
-        const int eventLine = findNextBlock(reader.lines, line);
-        if (eventLine < 0 || eventLine >= block.line)
+        const int event = findNextBlock(input.lines, line);
+        if (event < 0 || event > block.inner)
             break;
-        const BlockEnd event = findBlockEnd(reader.lines, eventLine);
-        if (event.line < 0)
-            return reader.fail("I can't find the end of the " + upperCase(event.header) + " event block.",
-                               eventLine);
-        if (event.footer != event.header)
-            return reader.fail(misnamed("this event block", event.header, event.header, event.footer),
-                               eventLine, event.line);
-        const auto name = std::ranges::find(eventNames, event.header);
-        if (name == eventNames.end())
-            return reader.fail(upperCase(event.header) +
-                                   " is not a valid event block.  Did you misspell one of the event names?",
-                               eventLine, event.line);
-        const auto index = static_cast<std::size_t>(name - eventNames.begin());
-        m_present[index] = true;
-        if (!m_events[index].Parse(reader, eventLine + 1, event.line - 1))
+        line = event;
+        if (!parseEvent(input, line))
             return false;
-        line = event.line + 1;
     }
-    line = block.line + 1;
+    line = block.behind;
     return true;
+}
+
+bool ZBLClassExp::parseEvent(const ParseInput& input, int& line)
+{
+    const int opening = line;
+    const BlockEnd block = input.blockEnd(opening);
+    line = block.behind;
+    const std::string_view name = block.header;
+    if (block.line < 0 && !input.failBlock("I can't find the end of the " + upperCase(name) + " event block.",
+                                           opening, opening, name))
+        return false;
+    if (block.line > 0 && block.footer != name &&
+        !input.failBlock(misnamed("this event block", name, name, block.footer), opening, block.line, name))
+        return false;
+    const auto* event = findWord<EventName>(name);
+    if (!event) {
+        input.failLines(upperCase(name) +
+                            " is not a valid event block.  Did you misspell one of the event names?",
+                        opening, block.line > 0 ? block.line : opening, name);
+        return readInVain(input, opening, block);
+    }
+    const auto index = static_cast<std::size_t>(*event);
+    m_present[index] = true;
+    return m_events[index].Parse(input, opening + 1, block.inner);
 }
 
 void ZBLClassExp::Display(std::string& listing, int indent) const
@@ -84,139 +99,176 @@ void ZBLClassExp::Display(std::string& listing, int indent) const
     for (std::size_t i = 0; i < eventNameCount; ++i) {
         if (!m_present[i])
             continue;
-        displayLine(listing, indent + 2, std::string(eventNames[i]) + "{");
+        const std::string event(wordFor(static_cast<EventName>(i)));
+        displayLine(listing, indent + 2, event + "{");
         m_events[i].Display(listing, indent + 4);
-        displayLine(listing, indent + 2, "}" + std::string(eventNames[i]));
+        displayLine(listing, indent + 2, "}" + event);
     }
     displayLine(listing, indent, "}" + m_className);
 }
 
-bool ZBLStateExp::Parse(const ZBLReader& reader, int& line)
+bool ZBLStateExp::Parse(const ParseInput& input, int& line)
 {
     const int opening = line;
-    const BlockEnd block = findBlockEnd(reader.lines, opening);
+    const BlockEnd block = input.blockEnd(opening);
     m_stateName = block.header;
-    const std::string shown = upperCase(m_stateName);
-    if (block.line < 0)
-        return reader.fail("I can't find the end of the state block named " + shown + ".", opening);
-    if (block.footer != block.header)
-        return reader.fail(misnamed("this state block", m_stateName, m_stateName, block.footer), opening,
-                           block.line);
+    if (block.line < 0 &&
+        !input.failBlock("I can't find the end of the state block named " + upperCase(m_stateName) + ".",
+                         opening, opening, block.header))
+        return false;
+    if (block.line > 0 && block.footer != block.header &&
+        !input.failBlock(misnamed("this state block", m_stateName, m_stateName, block.footer), opening,
+                         block.line, block.header))
+        return false;
     for (line = opening + 1;;) {
-        const int partLine = findNextBlock(reader.lines, line);
-        if (partLine < 0 || partLine > block.line)
+        const int part = findNextBlock(input.lines, line);
+        if (part < 0 || part >= block.behind)
             break;
-        const std::string_view name = blockName(reader.lines[partLine]);
-        const auto part = std::ranges::find(partNames, name);
-        if (part == partNames.end())
-            return reader.fail("While reading the definition of the state named " + shown + ", I found  " +
-                                   std::string(name) + " where only INITIALIZE and LOOP blocks are allowed.",
-                               partLine);
-        const auto index = static_cast<std::size_t>(part - partNames.begin());
-        const BlockEnd end = findBlockEnd(reader.lines, partLine);
-        if (end.line < 0 || end.line > block.line)
-            return reader.fail(
-                index == 0
-                    ? "I can't find the end of the INITIALIZE block inside of state named " + shown + "!"
-                    : "I can't find the end of the LOOP block inside state named " + shown + "!",
-                partLine);
-        if (!m_parts[index].Parse(reader, partLine + 1, end.line - 1))
+        line = part;
+        if (!parsePart(input, block, line))
             return false;
-        m_present[index] = true;
-        line = end.line + 1;
     }
-    line = block.line + 1;
+    line = block.behind;
     return true;
+}
+
+bool ZBLStateExp::parsePart(const ParseInput& input, const BlockEnd& state, int& line)
+{
+    const int opening = line;
+    const std::string_view name = blockName(input.lines[opening]);
+    const BlockEnd block = input.blockEnd(opening);
+    line = block.behind;
+    const auto* part = findWord<StatePart>(name);
+    if (!part) {
+        input.fail("While reading the definition of the state named " + upperCase(m_stateName) +
+                       ", I found  " + std::string(name) +
+                       " where only INITIALIZE and LOOP blocks are allowed.",
+                   opening, name);
+        return readInVain(input, opening, block);
+    }
+    if ((block.line < 0 || block.line >= state.behind) &&
+        !input.failBlock(*part == StatePart::Initialize
+                             ? "I can't find the end of the INITIALIZE block inside of state named " +
+                                   upperCase(m_stateName) + "!"
+                             : "I can't find the end of the LOOP block inside state named " +
+                                   upperCase(m_stateName) + "!",
+                         opening, opening, name))
+        return false;
+    const auto index = static_cast<std::size_t>(*part);
+    m_present[index] = true;
+    return m_parts[index].Parse(input, opening + 1, block.inner);
 }
 
 void ZBLStateExp::Display(std::string& listing, int indent) const
 {
     displayLine(listing, indent, m_stateName + "{");
-    for (std::size_t i = 0; i < partNames.size(); ++i) {
+    for (std::size_t i = 0; i < statePartCount; ++i) {
         if (!m_present[i])
             continue;
-        displayLine(listing, indent + 2, std::string(partNames[i]) + "{");
+        const std::string part(wordFor(static_cast<StatePart>(i)));
+        displayLine(listing, indent + 2, part + "{");
         m_parts[i].Display(listing, indent + 4);
-        displayLine(listing, indent + 2, "}" + std::string(partNames[i]));
+        displayLine(listing, indent + 2, "}" + part);
     }
     displayLine(listing, indent, "}" + m_stateName);
 }
 
 bool ZBLProgramExp::Parse(const LineArray& lines, ParseReporter& reporter, int line)
 {
-    const ZBLReader reader{lines, reporter, m_pool, m_variables};
+    return parseProgram({lines, reporter, m_pool, m_variables}, line);
+}
+
+void ZBLProgramExp::parseAll(const LineArray& lines, ParseReporter& reporter, const MendedBlocks* mended)
+{
+    parseProgram({lines, reporter, m_pool, m_variables, true, mended}, 1);
+}
+
+bool ZBLProgramExp::parseProgram(const ParseInput& input, int line)
+{
+    const LineArray& lines = input.lines;
     const int opening = findNextBlock(lines, line);
-    if (opening < 0 || lines[opening] != "program{")
+    if (!isBlock(blockName(lines[opening]), Block::Program))
         // Where there is no block at all, the search's own start is all there is to name.
-        return reader.fail("I could not find the beginning of the PROGRAM block (\"PROGRAM{\")!", line);
-    const BlockEnd program = findBlockEnd(lines, opening);
-    if (program.line < 0)
-        return reader.fail(
+        return input.fail("I could not find the beginning of the PROGRAM block (\"PROGRAM{\")!", line);
+    const BlockEnd block = input.blockEnd(opening);
+    if (block.line < 0 &&
+        !input.failBlock(
             "Could not find a PROGRAM block ending (\"}PROGRAM\")!  This is usually caused by mismatched "
             "braces.",
-            opening);
-    if (program.header != "program" || program.footer != "program")
-        return reader.fail(
+            opening, opening, block.header))
+        return false;
+    if (block.line > 0 && !isBlock(block.footer, Block::Program) &&
+        !input.failBlock(
             "You either have mismatched opening and closing braces or the end of the program block is "
             "named incorrectly.  I expected to find PROGRAM{ ... }PROGRAM, but instead found " +
-                braces(program.header, program.footer) + ".",
-            program.line);
+                braces(block.header, block.footer) + ".",
+            block.line, block.line, block.footer))
+        return false;
     for (line = opening + 1;;) {
-        const int block = findNextBlock(lines, line);
-        if (block < 0 || block >= program.line)
+        line = findNextBlock(lines, line);
+        if (line < 0 || line > block.inner)
             return true;
-        line = block;
-        const std::string_view name = blockName(lines[block]);
-        if (name == "classes") {
-            if (!parseClasses(reader, line))
-                return false;
-        } else if (name == "states") {
-            if (!parseStates(reader, line))
-                return false;
-        } else {
-            return reader.fail("I found a block named " + upperCase(name) +
-                                   " where there only should have been blocks named STATES and CLASSES.",
-                               block);
-        }
+        if (!parseBlock(input, line))
+            return false;
     }
 }
 
-bool ZBLProgramExp::parseClasses(const ZBLReader& reader, int& line)
+bool ZBLProgramExp::parseBlock(const ParseInput& input, int& line)
+{
+    const std::string_view name = blockName(input.lines[line]);
+    if (isBlock(name, Block::Classes))
+        return parseClasses(input, line);
+    if (isBlock(name, Block::States))
+        return parseStates(input, line);
+    input.fail("I found a block named " + upperCase(name) +
+                   " where there only should have been blocks named STATES and CLASSES.",
+               line, name);
+    const int opening = line;
+    line = input.blockEnd(opening).behind;
+    return input.goesOn && line > opening;
+}
+
+bool ZBLProgramExp::parseClasses(const ParseInput& input, int& line)
 {
     const int opening = line;
-    const BlockEnd block = findBlockEnd(reader.lines, opening);
-    if (block.line < 0)
-        return reader.fail("The CLASSES block does not have an ending! (No \"}CLASSES\" found.)", opening);
-    if (block.header != block.footer)
-        return reader.fail(misnamed("this CLASSES block", "classes", block.header, block.footer), opening,
-                           block.line);
-    for (int next = opening + 1;;) {
-        next = findNextBlock(reader.lines, next);
-        if (next < 0 || next > block.line)
+    const BlockEnd block = input.blockEnd(opening);
+    if (block.line < 0 &&
+        !input.failBlock("The CLASSES block does not have an ending! (No \"}CLASSES\" found.)", opening,
+                         opening, block.header))
+        return false;
+    if (block.line > 0 && block.header != block.footer &&
+        !input.failBlock(misnamed("this CLASSES block", block.header, block.header, block.footer), opening,
+                         block.line, block.header))
+        return false;
+    for (line = opening + 1;;) {
+        line = findNextBlock(input.lines, line);
+        if (line < 0 || line >= block.behind)
             break;
-        m_classOf.try_emplace(std::string(blockName(reader.lines[next])), static_cast<int>(m_classes.size()));
-        if (!m_classes.emplace_back().Parse(reader, next))
+        m_classOf.try_emplace(std::string(blockName(input.lines[line])), static_cast<int>(m_classes.size()));
+        if (!m_classes.emplace_back().Parse(input, line))
             return false;
     }
-    line = block.line + 1;
+    line = block.behind;
     return true;
 }
 
-bool ZBLProgramExp::parseStates(const ZBLReader& reader, int& line)
+bool ZBLProgramExp::parseStates(const ParseInput& input, int& line)
 {
     const int opening = line;
-    const BlockEnd block = findBlockEnd(reader.lines, opening);
-    if (block.line < 0)
-        return reader.fail("The STATES block does not have an ending! (No \"}STATES\" found.)", opening);
-    for (int next = opening + 1;;) {
-        next = findNextBlock(reader.lines, next);
-        if (next < 0 || next > block.line)
+    const BlockEnd block = input.blockEnd(opening);
+    if (block.line < 0 &&
+        !input.failBlock("The STATES block does not have an ending! (No \"}STATES\" found.)", opening,
+                         opening, block.header))
+        return false;
+    for (line = opening + 1;;) {
+        line = findNextBlock(input.lines, line);
+        if (line < 0 || line >= block.behind)
             break;
-        m_stateOf.try_emplace(std::string(blockName(reader.lines[next])), static_cast<int>(m_states.size()));
-        if (!m_states.emplace_back().Parse(reader, next))
+        m_stateOf.try_emplace(std::string(blockName(input.lines[line])), static_cast<int>(m_states.size()));
+        if (!m_states.emplace_back().Parse(input, line))
             return false;
     }
-    line = block.line + 1;
+    line = block.behind;
     return true;
 }
 

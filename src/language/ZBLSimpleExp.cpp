@@ -1,142 +1,103 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "language/ZBLSimpleExp.h"
 
-#include <algorithm>
+#include "language/ParseInput.h"
+#include "platform/Utf8.h"
+
 #include <utility>
 
-namespace
+bool ZBLSimpleExp::Parse(std::string_view word, const ParseInput& input)
 {
-
-struct PropertyName {
-    std::string_view name;
-    Property property;
-};
-
-constexpr std::array spriteProperties = {
-    PropertyName{"x", Property::X},           PropertyName{"y", Property::Y},
-    PropertyName{"z", Property::Z},           PropertyName{"speed", Property::Speed},
-    PropertyName{"class", Property::Class},   PropertyName{"red", Property::Red},
-    PropertyName{"orange", Property::Orange}, PropertyName{"yellow", Property::Yellow},
-    PropertyName{"green", Property::Green},   PropertyName{"cyan", Property::Cyan},
-    PropertyName{"blue", Property::Blue},     PropertyName{"purple", Property::Purple},
-};
-
-constexpr std::array gameProperties = {
-    PropertyName{"background", Property::Background},
-    PropertyName{"music", Property::Music},
-    PropertyName{"map", Property::Map},
-};
-
-struct KeyName {
-    std::string_view name;
-    std::int16_t code;
-};
-
-// Virtual-key codes, as key events carry them.
-constexpr std::array keyNames = {
-    KeyName{"left", 37}, KeyName{"up", 38}, KeyName{"right", 39}, KeyName{"down", 40}, KeyName{"space", 32},
-};
-
-template<typename Table> Property lookUp(const Table& table, std::string_view name)
-{
-    const auto row = std::ranges::find(table, name, &PropertyName::name);
-    return row != table.end() ? row->property : Property::Unknown;
-}
-
-/// Number of bytes of the first character of a UTF-8 text.
-std::size_t characterLength(std::string_view text)
-{
-    std::size_t length = 1;
-    while (length < text.size() && (static_cast<unsigned char>(text[length]) & 0xc0U) == 0x80U)
-        ++length;
-    return length;
-}
-
-} // namespace
-
-bool ZBLSimpleExp::Parse(std::string_view word, const ZBLReader& reader)
-{
-    if (startsWith(word, "counter$") || startsWith(word, "text$")) {
-        const auto variable = reader.variables.Parse(word, reader.pool);
-        if (!variable)
-            return false;
-        m_kind = Kind::Variable;
-        m_variable = *variable;
+    const OperandShape shape(word);
+    m_kind = shape.kind;
+    switch (shape.kind) {
+    case Kind::None:
+        break;
+    case Kind::Variable:
+        if (shape.isComplete)
+            m_content = input.variables.variable(shape, input.pool);
+        return shape.isComplete;
+    case Kind::Property:
+        parseProperty(shape, input);
         return true;
+    case Kind::Random:
+        return parseRandom(shape, input);
+    case Kind::Literal:
+    case Kind::ClassName:
+        return parseLiteral(word, input);
     }
-    const std::size_t dot = word.find('.');
-    if (dot != std::string_view::npos && ZBLObjectExp::Parse(word.substr(0, dot)))
-        return parseProperty(word, dot, reader);
-    if (startsWith(word, "random("))
-        return parseRandom(word, reader);
-    const auto literal = ZBLValueExp::Parse(word, reader.pool);
-    if (!literal) {
-        if (!word.empty())
-            reader.reporter.beep(); // a text that is not closed
+    return false;
+}
+
+bool ZBLSimpleExp::parseLiteral(std::string_view word, const ParseInput& input)
+{
+    const auto literal = ZBLValueExp::Parse(word, input.pool);
+    if (literal)
+        m_content = *literal;
+    else
+        input.reporter.beep(); // a text that is not closed
+    return literal.has_value();
+}
+
+void ZBLSimpleExp::parseProperty(const OperandShape& shape, const ParseInput& input)
+{
+    PropertyOfObject read;
+    read.object = *ZBLObjectExp::Parse(shape.first);
+    read.property = findProperty(read.object.properties(), shape.second);
+    read.name = input.pool.intern(shape.second);
+    if (read.object.properties() == PropertyOwner::Keyboard && read.property == Property::Unknown)
+        read.readKey(shape.second);
+    m_content = read;
+}
+
+/// The keyboard's properties are keys: some have names, all others are named by their character.
+void ZBLSimpleExp::PropertyOfObject::readKey(std::string_view key)
+{
+    const auto* const known = findWord<KeyWord>(key);
+    if (!known && (key.empty() || firstCharacterLength(key) != key.size()))
+        return;
+    property = Property::Key;
+    const auto c = static_cast<unsigned char>(key.front());
+    if (known)
+        keys[0] = known->code;
+    else if (key.size() == 1 && c < 128)
+        keys[0] = c;
+    if (!known && key.size() == 1 && c >= 'a' && c <= 'z')
+        keys[1] = static_cast<std::int16_t>(c - 'a' + 'A'); // the code that the letter's key sends
+}
+
+bool ZBLSimpleExp::parseRandom(const OperandShape& shape, const ParseInput& input)
+{
+    auto range = std::make_shared<Range>();
+    if (!shape.hasComma || !range->low.Parse(shape.first, input) || !shape.isComplete ||
+        !range->high.Parse(shape.second, input))
         return false;
-    }
-    m_value = *literal;
-    m_kind = m_value.isClassName() ? Kind::ClassName : Kind::Literal;
+    m_content = std::move(range);
     return true;
 }
 
-bool ZBLSimpleExp::parseProperty(std::string_view word, std::size_t dot, const ZBLReader& reader)
+const ZBLSimpleExp& ZBLSimpleExp::low() const
 {
-    m_kind = Kind::Property;
-    m_object = *ZBLObjectExp::Parse(word.substr(0, dot));
-    const std::string_view name = word.substr(dot + 1);
-    m_variable.name = reader.pool.intern(name);
-    if (m_object.isSprite()) {
-        m_property = lookUp(spriteProperties, name);
-    } else if (m_object.name() == ZBLObjectExp::Name::Game) {
-        m_property = lookUp(gameProperties, name);
-    } else if (m_object.name() == ZBLObjectExp::Name::Keyboard && !name.empty()) {
-        const auto key = std::ranges::find(keyNames, name, &KeyName::name);
-        if (name == "anykey") {
-            m_property = Property::AnyKey;
-        } else if (key != keyNames.end()) {
-            m_property = Property::Key;
-            m_keys[0] = key->code;
-        } else if (characterLength(name) == name.size()) {
-            m_property = Property::Key;
-            const auto c = static_cast<unsigned char>(name.front());
-            if (name.size() == 1 && c < 128)
-                m_keys[0] = c;
-            if (name.size() == 1 && c >= 'a' && c <= 'z')
-                m_keys[1] = static_cast<std::int16_t>(c - 'a' + 'A'); // the code that the letter's key sends
-        }
-    }
-    return true;
+    return (*std::get_if<std::shared_ptr<const Range>>(&m_content))->low;
 }
 
-bool ZBLSimpleExp::parseRandom(std::string_view word, const ZBLReader& reader)
+const ZBLSimpleExp& ZBLSimpleExp::high() const
 {
-    m_kind = Kind::Random;
-    const std::size_t open = word.find('(');
-    const std::size_t comma = word.find(',', open);
-    if (comma == std::string_view::npos)
-        return false;
-    auto range = std::make_shared<std::array<ZBLSimpleExp, 2>>();
-    if (!(*range)[0].Parse(word.substr(open + 1, comma - open - 1), reader))
-        return false;
-    const std::size_t close = word.find(')', comma);
-    if (close == std::string_view::npos)
-        return false;
-    if (!(*range)[1].Parse(word.substr(comma + 1, close - comma - 1), reader))
-        return false;
-    m_range = std::move(range);
-    return true;
+    return (*std::get_if<std::shared_ptr<const Range>>(&m_content))->high;
 }
 
 std::string ZBLSimpleExp::toString() const
 {
     switch (m_kind) {
     case Kind::Variable:
-        return m_variable.toString();
+        return variable().toString();
     case Kind::Literal:
     case Kind::ClassName:
-        return m_value.toString().value_or(std::string());
+        return value().toString().value_or(std::string());
     case Kind::Property:
-        return std::string(m_object.getName()) + "." + *m_variable.name;
+        return std::string(object().getName()) + "." + *propertyName();
     case Kind::Random:
         return "random(" + low().toString() + "," + high().toString() + ")";
     case Kind::None:

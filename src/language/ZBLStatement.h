@@ -1,6 +1,11 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
-#include "language/ZBLReader.h"
+#include "language/ParseInput.h"
+#include "language/Vocabulary.h"
+#include "language/Words.h"
 #include "language/ZBLSimpleExp.h"
 
 #include <cstdint>
@@ -10,15 +15,16 @@
 class ZBLStatement
 {
 public:
-    enum class Type : std::uint8_t { If, Mutate, SetState, Pause, Action, Create };
+    using Type = StatementType;
 
     virtual ~ZBLStatement() = default;
     ZBLStatement(const ZBLStatement&) = delete;
     ZBLStatement& operator=(const ZBLStatement&) = delete;
 
-    /// Reads the statement on line `line`. False where it is no such statement; that has then been reported.
-    /// An if reads only its own line: its blocks are read by the sequence that holds it.
-    virtual bool Parse(const ZBLReader& reader, int line) = 0;
+    /// Reads the statement on line `line`, of which `words` are those behind the statement's own. False where
+    /// they make no such statement; that has then been reported. An if reads only its own line: its blocks
+    /// are read by the sequence that holds it.
+    virtual bool Parse(const ParseInput& input, int line, Words words) = 0;
     /// The statement as a line of the listing.
     virtual std::string toString() const = 0;
 

@@ -1,20 +1,29 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "language/ZBLValueExp.h"
 
 #include "platform/NumberText.h"
 #include "platform/TextFile.h"
+#include "platform/Utf8.h"
 
 std::optional<ZBLValueExp> ZBLValueExp::Parse(std::string_view word, TextPool& pool)
 {
     if (word.empty())
         return std::nullopt;
-    const char first = word.front();
-    if (first == '+' || first == '-' || first == '.' || (first >= '0' && first <= '9'))
+    if (startsNumber(word))
         return counter(leadingNumberToNinePlaces(word));
-    if (first != '"')
+    if (word.front() != '"')
         return className(pool.intern(word));
     if (word.size() < 2 || word.back() != '"')
         return std::nullopt;
     return text(pool.intern(word.substr(1, word.size() - 2)));
+}
+
+bool ZBLValueExp::startsNumber(std::string_view word)
+{
+    const char first = word.empty() ? ' ' : word.front();
+    return first == '+' || first == '-' || first == '.' || isDigit(first);
 }
 
 std::optional<std::string> ZBLValueExp::toString() const
@@ -60,10 +69,7 @@ std::string ZBLVarExp::toString() const
 std::string ZBVariable::toString() const
 {
     std::string line = name.toString();
-    // Counted in characters, not in bytes.
-    std::size_t length = 0;
-    for (const char c : line)
-        length += (static_cast<unsigned char>(c) & 0xc0U) != 0x80U ? 1U : 0U;
+    const std::size_t length = characterCount(line);
     line.append(length < 19 ? 19 - length : 0, ' ');
     line += '=';
     line += value.toString().value_or(std::string());

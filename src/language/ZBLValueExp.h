@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include "language/TextPool.h"
@@ -26,6 +29,9 @@ public:
     /// Reads a literal word: a number (first character a sign, a point or a digit), a text between double
     /// quotes, or a class name. Nothing for an empty word and for a text that is not closed.
     static std::optional<ZBLValueExp> Parse(std::string_view word, TextPool& pool);
+
+    /// Whether a literal word is read as a number, if only as 0.
+    static bool startsNumber(std::string_view word);
 
     bool isCounter() const { return type == ValueKind::Counter; }
     bool isText() const { return type == ValueKind::Text; }

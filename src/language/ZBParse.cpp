@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "language/ZBParse.h"
 
 #include <array>
@@ -22,6 +25,16 @@ std::string_view firstWord(std::string_view line, std::size_t position)
 
 } // namespace
 
+void BlockEnd::closeAt(const LineArray& lines, int closingLine)
+{
+    line = closingLine;
+    if (line == none)
+        return;
+    footer = firstWord(lines[line], 1);
+    inner = line - 1;
+    behind = line + 1;
+}
+
 BlockEnd findBlockEnd(const LineArray& lines, int start)
 {
     BlockEnd end;
@@ -31,9 +44,7 @@ BlockEnd findBlockEnd(const LineArray& lines, int start)
         end.line = BlockEnd::noBlock;
         return end;
     }
-    end.line = lines.closingLine(start);
-    if (end.line != BlockEnd::none)
-        end.footer = firstWord(lines[end.line], 1);
+    end.closeAt(lines, lines.closingLine(start));
     return end;
 }
 
@@ -59,17 +70,4 @@ std::string_view nextWord(std::string_view text, std::size_t& position)
     while (position < text.size() && !separates(position))
         ++position;
     return text.substr(first, position - first);
-}
-
-bool showParseError(ParseReporter& reporter, std::string_view message, const LineArray& lines, int line,
-                    int endLine)
-{
-    std::string report(message);
-    report += "\r\n\r\n   ";
-    report += lines[line];
-    report += "\r\n\r\n";
-    report += endLine < 1 ? "(line " + std::to_string(line) + ")"
-                          : "(lines " + std::to_string(line) + "..." + std::to_string(endLine) + ")";
-    reporter.parseError(report, line);
-    return false;
 }

@@ -1,9 +1,12 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "library/GamePictures.h"
 
 #include "forms/Desk.h"
+#include "games/GameIcon.h"
 #include "platform/qt/SurfaceImage.h"
-#include "runtime/GameFolders.h"
-#include "runtime/ZBGraphic.h"
+#include "runtime/world/SpriteSheet.h"
 
 #include <QGuiApplication>
 #include <QPainter>
@@ -81,25 +84,14 @@ QPixmap iconOf(Desk& desk, const GameRecord& game)
 
 QPixmap spriteOf(Desk& desk, const std::string& path, int side)
 {
-    const auto text = desk.installation().readText(path + ".spr");
-    const auto description = text ? GraphicDescription::fromText(*text) : std::nullopt;
-    const auto file = desk.installation().find(path + ".spb");
-    const auto sheet = description && file ? desk.pictures().read(*file) : std::nullopt;
-    if (!sheet)
+    const auto sheet = SpriteSheet::read(desk.installation(), desk.pictures(), path);
+    const Surface look = sheet ? sheet->look(0) : Surface();
+    if (look.isNull())
         return {};
-    const int width = description->frameWidth;
-    const int height = description->frameHeight;
-    if (width < 1 || height < 1 || width > sheet->width() / 2 || height > sheet->height())
-        return {};
-    QImage frame = viewOfSurface(*sheet).copy(0, 0, width, height).convertToFormat(QImage::Format_ARGB32);
-    for (int y = 0; y < height; ++y) {
-        for (int x = 0; x < width; ++x) {
-            if (sheet->at(width + x, y) == white) // the mask, which stands beside the image
-                frame.setPixel(x, y, 0);
-        }
-    }
+    QImage frame = viewOfSurface(look).copy();
+    frame.reinterpretAsFormat(QImage::Format_ARGB32_Premultiplied);
     const QSize size(side, side);
-    if (width > side || height > side)
+    if (frame.width() > side || frame.height() > side)
         frame = frame.scaled(size, Qt::KeepAspectRatio, Qt::SmoothTransformation);
     QPixmap centred(size);
     centred.fill(Qt::transparent);

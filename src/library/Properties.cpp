@@ -1,10 +1,15 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "library/Properties.h"
 
 #include "forms/Desk.h"
-#include "forms/Forms.h"
+#include "forms/Icons.h"
+#include "forms/MessageBoxes.h"
+#include "forms/Texts.h"
+#include "games/GameIcon.h"
 #include "library/GamePictures.h"
-#include "library/Messages.h"
-#include "runtime/GameFolders.h"
+#include "library/PictureImport.h"
 
 #include <QCloseEvent>
 #include <QCoreApplication>
@@ -14,9 +19,11 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPointer>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QShortcut>
+#include <QSignalBlocker>
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <QValidator>
@@ -25,6 +32,8 @@
 
 namespace
 {
+
+using namespace Qt::StringLiterals;
 
 constexpr const char* tagProperty = "tag";
 
@@ -59,39 +68,40 @@ QLineEdit* lineBox(const char* name, QWidget* parent)
 
 } // namespace
 
-Properties::Properties(Desk& desk, QWidget* parent)
+Properties::Properties(Desk& desk, GameRecord& game, QWidget* parent)
     : QWidget(parent)
     , m_desk(desk)
+    , m_draft(desk.installation(), game)
     , m_title(lineBox("title", this))
     , m_author(lineBox("Author", this))
     , m_showIcon(new QLabel(this))
-    , m_notSaved(new QLabel(tr("Not saved!"), this))
+    , m_notSaved(new QLabel(u"Not saved!"_s, this))
     , m_iconScroll(new QScrollBar(Qt::Horizontal, this))
     , m_iconName(new QListWidget(this))
 {
     setObjectName(u"Properties");
-    setWindowTitle(tr("Game Properties"));
+    setWindowTitle(u"Game Properties"_s);
     setAttribute(Qt::WA_DeleteOnClose);
     layOut();
     Form_Load();
+    adjustSize(); // no larger than its parts want it
     connect(m_title, &QLineEdit::textChanged, this, &Properties::title_Change);
     connect(m_author, &QLineEdit::textChanged, this, &Properties::Author_Change);
     connect(m_iconScroll, &QScrollBar::valueChanged, this, &Properties::IconScroll_Change);
-    connect(m_iconScroll, &QScrollBar::sliderMoved, this, &Properties::IconScroll_Scroll);
 }
 
 void Properties::layOut()
 {
     m_showIcon->setObjectName(u"ShowIcon");
-    m_showIcon->setAccessibleName(tr("Icon of the game"));
+    m_showIcon->setAccessibleName(u"Icon of the game"_s);
     m_showIcon->setFixedSize(iconSide, iconSide);
     m_iconName->setObjectName(u"IconName");
     m_iconName->hide(); // the names behind the four pictures
     m_notSaved->setObjectName(u"NotSaved");
-    m_notSaved->setStyleSheet(QStringLiteral("color: #d62828; font-weight: bold;"));
+    m_notSaved->setStyleSheet(u"color: #d62828; font-weight: bold;"_s);
     m_notSaved->hide();
     m_iconScroll->setObjectName(u"IconScroll");
-    m_iconScroll->setAccessibleName(tr("First icon shown"));
+    m_iconScroll->setAccessibleName(u"First icon shown"_s);
     m_iconScroll->setFocusPolicy(Qt::StrongFocus);
     m_iconScroll->setPageStep(selectors);
     m_iconScroll->setFixedHeight(18);
@@ -108,8 +118,8 @@ void Properties::layOut()
         if (target->accessibleName().isEmpty())
             target->setAccessibleName(caption);
     };
-    row(tr("Game Title"), "Alt+T", m_title, m_title);
-    row(tr("Your Name"), "Alt+N", m_author, m_author);
+    row(u"Game Title"_s, "Alt+T", m_title, m_title);
+    row(u"Your Name"_s, "Alt+N", m_author, m_author);
     auto* icons = new QWidget(this);
     auto* iconRow = new QHBoxLayout(icons);
     iconRow->setContentsMargins(0, 4, 0, 0);
@@ -117,10 +127,10 @@ void Properties::layOut()
     iconRow->addWidget(m_showIcon, 0, Qt::AlignTop);
     iconRow->addWidget(makeSelector());
     iconRow->addStretch();
-    row(tr("Icon"), "Alt+I", icons, m_iconSelector[0]);
+    row(u"Icon"_s, "Alt+I", icons, m_iconSelector[0]);
 
-    auto* ok = new QPushButton(tr("&Ok"), this);
-    forms::dressButton(*ok, "Command1", "ok", tr("Close this window"));
+    auto* ok = new QPushButton(u"&Ok"_s, this);
+    forms::setUpButton(*ok, "Command1", "ok", u"Close this window"_s);
     connect(ok, &QAbstractButton::clicked, this, &Properties::Command1_Click);
     auto* lower = new QHBoxLayout;
     lower->addWidget(m_notSaved);
@@ -143,7 +153,7 @@ QWidget* Properties::makeSelector()
     grid->setSpacing(8);
     for (int index = 0; index < selectors; ++index) {
         auto* picture = new QToolButton(selector);
-        picture->setObjectName(QStringLiteral("IconSelector_%1").arg(index));
+        picture->setObjectName(u"IconSelector_%1"_s.arg(index));
         picture->setIconSize(QSize(iconSide, iconSide) * 0.8);
         picture->setFixedSize(picture->sizeHint());
         picture->setFocusPolicy(Qt::StrongFocus);
@@ -160,39 +170,69 @@ QWidget* Properties::makeSelector()
 
 void Properties::Form_Load()
 {
-    const GameRecord& game = m_desk.module().CurrentGame;
-    m_title->setEnabled(false);
-    m_title->setText(forms::fromUtf8(game.title));
-    m_author->setText(forms::fromUtf8(game.author));
-    m_title->setEnabled(true);
+    m_title->setText(forms::fromUtf8(m_draft.game().title));
+    m_author->setText(forms::fromUtf8(m_draft.game().author));
     showGameIcon();
+    listIcons();
+    m_title->setFocus();
+}
+
+void Properties::listIcons()
+{
+    m_iconName->clear();
     for (const auto& name : m_desk.installation().listFiles("zbo\\icons", "*.*"))
         m_iconName->addItem(forms::fromUtf8(name));
     m_iconScroll->setMaximum(std::max(0, m_iconName->count() - 1));
     IconScroll_Change();
-    m_title->setFocus();
 }
 
 void Properties::showGameIcon()
 {
-    const auto icon = findGameIcon(m_desk.installation(), m_desk.module().CurrentGame);
-    m_showIcon->setPixmap(icon ? iconOf(m_desk, m_desk.module().CurrentGame) : QPixmap());
+    const auto icon = findGameIcon(m_desk.installation(), m_draft.game());
+    m_showIcon->setPixmap(icon ? iconOf(m_desk, m_draft.game()) : QPixmap());
 }
 
 void Properties::title_Change()
 {
     if (!m_title->isEnabled())
         return;
-    GameRecord& game = m_desk.module().CurrentGame;
-    game.title = forms::toUtf8(m_title->text());
-    game.author = forms::toUtf8(m_author->text());
+    m_draft.setText(forms::toUtf8(m_title->text()), forms::toUtf8(m_author->text()));
     m_desk.gameTitleChanged();
-    const bool saved = SaveGameProperties(m_desk.installation(), game);
-    const bool news = !saved && !m_saveFailed; // said once, not at every key
-    m_saveFailed = !saved;
-    m_notSaved->setVisible(!saved);
-    if (news)
-        forms::tell(this, say::propertiesNotSaved.toString());
+    const QPointer<Properties> guard(this); // a question may outlive the window
+    if (!mayReplaceStored()) {
+        if (guard)
+            showStored();
+        return;
+    }
+    const bool wasSaved = m_draft.isSaved();
+    m_notSaved->setVisible(!m_draft.save());
+    if (wasSaved && !m_draft.isSaved()) // said once, not at every key
+        forms::warn(this, u"I could not save the title and your name.  Maybe the disk is full, or nobody may "
+                          "write in the folder of this game.  I will try again when you type something else "
+                          "or press Ok."_s);
+}
+
+bool Properties::mayReplaceStored()
+{
+    if (!m_draft.hasChangedElsewhere())
+        return m_desk.mayChangeGame(this);
+    return forms::askYesNo(
+        this, u"Save"_s,
+        u"Somebody else has changed the title of this game or the name of its author since "
+        "you opened it.  If you save now, their changes are lost.\n\nSave yours all the "
+        "same?"_s);
+}
+
+/// The boxes show what others have saved.
+void Properties::showStored()
+{
+    m_draft.takeStored();
+    const QSignalBlocker titleIsQuiet(m_title);
+    const QSignalBlocker authorIsQuiet(m_author);
+    m_title->setText(forms::fromUtf8(m_draft.game().title));
+    m_author->setText(forms::fromUtf8(m_draft.game().author));
+    m_notSaved->hide();
+    m_desk.gameTitleChanged();
 }
 
 void Properties::Author_Change()
@@ -216,7 +256,7 @@ void Properties::IconScroll_Change()
         picture.setIcon(icon);
         const QString name = tag.section(u'.', 0, -2);
         picture.setToolTip(name);
-        picture.setAccessibleName(tag.isEmpty() ? tr("No icon") : name);
+        picture.setAccessibleName(tag.isEmpty() ? u"No icon"_s : name);
         picture.setEnabled(!tag.isEmpty());
     }
 }
@@ -229,13 +269,45 @@ void Properties::IconScroll_Scroll()
 void Properties::IconSelector_Click(int index)
 {
     const QString tag = m_iconSelector[static_cast<std::size_t>(index)]->property(tagProperty).toString();
-    if (tag.isEmpty())
+    if (!tag.isEmpty() && m_desk.mayChangeGame(this))
+        useIcon(tag);
+}
+
+void Properties::useIcon(const QString& fileName)
+{
+    const std::string path = "zbo\\icons\\" + forms::toUtf8(fileName);
+    const auto file = m_desk.installation().find(path);
+    const auto bytes = m_desk.installation().readBytes(path);
+    if (!file || !bytes) {
+        listIcons();
+        forms::tell(this,
+                    u"I can't find the icon %1 any more.  Somebody must have moved it or deleted it."_s.arg(
+                        fileName));
         return;
+    }
+    const PictureImport picture = importPicture(m_desk.pictures(), *file);
+    const bool isGood = picture.outcome == PictureImport::Outcome::Ready;
+    if (!isGood && hasGoodIcon()) {
+        forms::warn(this,
+                    u"I can't read the icon %1.  Maybe it is damaged.  Your game keeps the icon that it "
+                    "has."_s.arg(fileName));
+        return;
+    }
+    const std::string ending = file->extension().string();
     const bool chosen =
-        ChooseGameIcon(m_desk.installation(), m_desk.module().CurrentGame, forms::toUtf8(tag));
+        writeGameIcon(m_desk.installation(), m_draft.game(),
+                      isGameIcon("icon" + ending) ? ending : picture.ending, isGood ? picture.bytes : *bytes);
     showGameIcon();
     if (!chosen)
-        forms::tell(this, say::iconNotChosen.toString());
+        forms::warn(this, u"I could not change the icon.  Maybe the disk is full, or nobody may write in the "
+                          "folder of this game."_s);
+}
+
+bool Properties::hasGoodIcon()
+{
+    const auto icon = findGameIcon(m_desk.installation(), m_draft.game());
+    const auto file = icon ? m_desk.installation().find(*icon) : std::nullopt;
+    return file && m_desk.pictures().read(*file);
 }
 
 void Properties::Command1_Click()
@@ -245,9 +317,9 @@ void Properties::Command1_Click()
 
 void Properties::closeEvent(QCloseEvent* event)
 {
-    if (m_saveFailed && !SaveGameProperties(m_desk.installation(), m_desk.module().CurrentGame))
-        forms::tell(this, say::propertiesStillNotSaved.toString());
-    m_saveFailed = false;
+    if (!m_draft.isSaved() && mayReplaceStored() && !m_draft.save())
+        forms::warn(this, u"I could not save the title and your name.  They will be gone when you close this "
+                          "game!"_s);
     QWidget::closeEvent(event);
 }
 

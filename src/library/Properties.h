@@ -1,4 +1,9 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #pragma once
+
+#include "library/PropertiesDraft.h"
 
 #include <QWidget>
 
@@ -16,7 +21,10 @@ class Properties : public QWidget
 {
     Q_OBJECT
 public:
-    explicit Properties(Desk& desk, QWidget* parent = nullptr);
+    /// `game` is the record that everybody else sees; what is typed goes into it.
+    Properties(Desk& desk, GameRecord& game, QWidget* parent = nullptr);
+
+    void IconScroll_Scroll();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -28,17 +36,22 @@ private:
     void title_Change();
     void Author_Change();
     void IconScroll_Change();
-    void IconScroll_Scroll();
     void IconSelector_Click(int index);
     void Command1_Click();
 
     void layOut();
     QWidget* makeSelector();
     void showGameIcon();
+    void listIcons();
+    bool mayReplaceStored();
+    void showStored();
+    void useIcon(const QString& fileName);
+    bool hasGoodIcon();
 
     static constexpr int selectors = 4;
 
     Desk& m_desk;
+    PropertiesDraft m_draft;
     QLineEdit* m_title;
     QLineEdit* m_author;
     QLabel* m_showIcon;
@@ -46,5 +59,4 @@ private:
     std::array<QToolButton*, selectors> m_iconSelector = {};
     QScrollBar* m_iconScroll;
     QListWidget* m_iconName;
-    bool m_saveFailed = false;
 };

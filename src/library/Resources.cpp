@@ -1,12 +1,18 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "library/Resources.h"
 
 #include "forms/Desk.h"
-#include "forms/Forms.h"
+#include "forms/Icons.h"
+#include "forms/MessageBoxes.h"
+#include "forms/NameOrder.h"
+#include "forms/Texts.h"
+#include "games/GameFolders.h"
+#include "games/GameIcon.h"
+#include "games/WritableName.h"
 #include "library/GamePictures.h"
-#include "library/Messages.h"
-#include "library/PictureName.h"
-#include "platform/TextFile.h"
-#include "runtime/GameFolders.h"
+#include "library/PictureImport.h"
 
 #include <QDir>
 #include <QFileDialog>
@@ -25,16 +31,12 @@
 namespace
 {
 
+using namespace Qt::StringLiterals;
+
 constexpr QSize previewSize(120, 90);
 constexpr int spriteSide = 32;
 constexpr int picturedSprites = 100; // the others are names only: a list of thousands must open as well
 constexpr std::array<std::string_view, 3> pictureKinds = {"*.bmp", "*.gif", "*.jpg"};
-
-bool isGameIcon(std::string_view name)
-{
-    const std::string lower = lowerCase(name);
-    return lower == "icon.bmp" || lower == "icon.gif" || lower == "icon.jpg";
-}
 
 QListWidget* nameList(const char* name, const QString& accessibleName, QWidget* parent)
 {
@@ -82,20 +84,45 @@ QLabel* heading(const QString& text, QWidget* parent)
     return label;
 }
 
+/// The name, without an ending, under which a program can use a picture whose file has the name `wish`.
+QString pictureName(const QString& wish)
+{
+    // One letter with its accent is what a program has, where some systems keep two in the names of files.
+    QString blanks = wish.normalized(QString::NormalizationForm_C).replace(u'.', u' ').simplified();
+    const std::string name = writableName(forms::toUtf8(blanks));
+    if (name.empty())
+        return u"picture"_s;
+    return isIconName(name) ? u"icon_picture"_s : forms::fromUtf8(name);
+}
+
+QString whyNotAdded(const PictureImport& picture, const QString& fileName)
+{
+    if (picture.outcome != PictureImport::Outcome::TooLarge)
+        return u"I can't read the picture %1.  Maybe it is damaged, or it is no picture at all."_s.arg(
+            fileName);
+    return u"The picture %1 is too big for a game: it is %2 dots wide and %3 dots high.  Please make it "
+           u"smaller "
+           "with a painting program, and add it again."_s.arg(fileName)
+               .arg(picture.size.width())
+               .arg(picture.size.height());
+}
+
 } // namespace
 
-Resources::Resources(Desk& desk, QWidget* parent)
+Resources::Resources(Desk& desk, GameRecord game, QWidget* parent)
     : QWidget(parent)
     , m_desk(desk)
-    , m_backgroundNames(nameList("BackgroundNames", tr("Backgrounds"), this))
+    , m_game(std::move(game))
+    , m_backgroundNames(nameList("BackgroundNames", u"Backgrounds"_s, this))
     , m_backgroundScroll(new QScrollBar(Qt::Horizontal, this))
-    , m_spriteNames(nameList("SpriteNames", tr("Sprites"), this))
+    , m_spriteNames(nameList("SpriteNames", u"Sprites"_s, this))
 {
     setObjectName(u"Resources");
-    setWindowTitle(tr("Resources"));
+    setWindowTitle(u"Resources"_s);
     setAttribute(Qt::WA_DeleteOnClose);
     layOut();
     Form_Load();
+    adjustSize(); // no larger than its parts want it
 }
 
 void Resources::layOut()
@@ -121,7 +148,7 @@ QPushButton* Resources::listButton(const char* name, const char* iconName, const
                                    QBoxLayout& box, void (Resources::*click)())
 {
     auto* button = new QPushButton(caption, this);
-    forms::dressButton(*button, name, iconName, QString());
+    forms::setUpButton(*button, name, iconName, QString());
     button->setIconSize(QSize(24, 24));
     connect(button, &QAbstractButton::clicked, this, click);
     box.addWidget(button);
@@ -134,19 +161,19 @@ QWidget* Resources::makeBackgrounds()
     auto* buttons = new QVBoxLayout;
     buttons->setSpacing(8);
     QPushButton* add =
-        listButton("AddBackground", "add", tr("&Add..."), *buttons, &Resources::AddBackground_Click);
-    add->setToolTip(tr("Copy a picture into your game"));
+        listButton("AddBackground", "add", u"&Add..."_s, *buttons, &Resources::AddBackground_Click);
+    add->setToolTip(u"Copy a picture into your game"_s);
     m_removeBackground =
-        listButton("Command1", "remove", tr("&Remove..."), *buttons, &Resources::Command1_Click);
-    m_removeBackground->setToolTip(tr("Take the picture out of your game"));
-    m_removeBackground->setAccessibleName(tr("Remove background..."));
+        listButton("Command1", "remove", u"&Remove..."_s, *buttons, &Resources::Command1_Click);
+    m_removeBackground->setToolTip(u"Take the picture out of your game"_s);
+    m_removeBackground->setAccessibleName(u"Remove background..."_s);
     buttons->addStretch();
 
     auto* grid = new QGridLayout(part);
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setHorizontalSpacing(12);
     grid->setVerticalSpacing(8);
-    grid->addWidget(heading(tr("Backgrounds"), part), 0, 0);
+    grid->addWidget(heading(u"Backgrounds"_s, part), 0, 0);
     grid->addWidget(m_backgroundNames, 1, 0);
     grid->addLayout(buttons, 1, 1);
     grid->addWidget(makePreviews(), 2, 0, 1, 2);
@@ -163,14 +190,14 @@ QWidget* Resources::makePreviews()
     grid->setVerticalSpacing(4);
     for (int index = 0; index < previews; ++index) {
         auto* picture = new QToolButton(part);
-        picture->setObjectName(QStringLiteral("ShowBackground_%1").arg(index));
+        picture->setObjectName(u"ShowBackground_%1"_s.arg(index));
         picture->setIconSize(previewSize);
         picture->setFixedSize(previewSize + QSize(16, 16));
         forms::letEnterPress(*picture);
         connect(picture, &QAbstractButton::clicked, this,
                 [this, index] { m_backgroundNames->setCurrentRow(m_backgroundScroll->value() + index); });
         auto* title = new QLabel(part);
-        title->setObjectName(QStringLiteral("ShowBackgroundTitle_%1").arg(index));
+        title->setObjectName(u"ShowBackgroundTitle_%1"_s.arg(index));
         title->setAlignment(Qt::AlignHCenter);
         title->setFixedWidth(picture->width());
         grid->addWidget(picture, 0, index);
@@ -179,7 +206,7 @@ QWidget* Resources::makePreviews()
         m_showBackgroundTitle[static_cast<std::size_t>(index)] = title;
     }
     m_backgroundScroll->setObjectName(u"BackgroundScroll");
-    m_backgroundScroll->setAccessibleName(tr("First background shown"));
+    m_backgroundScroll->setAccessibleName(u"First background shown"_s);
     m_backgroundScroll->setFocusPolicy(Qt::StrongFocus);
     m_backgroundScroll->setPageStep(previews);
     m_backgroundScroll->setFixedHeight(18);
@@ -194,36 +221,29 @@ QWidget* Resources::makeSprites()
     auto* column = new QVBoxLayout(part);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(8);
-    column->addWidget(heading(tr("Sprites"), part));
+    column->addWidget(heading(u"Sprites"_s, part));
     column->addWidget(m_spriteNames, 1);
-    QPushButton* create = listButton("NewSprite", "new", tr("&New..."), *column, &Resources::NewSprite_Click);
-    create->setToolTip(tr("Draw a new sprite"));
-    m_editSprite = listButton("EditSprite", "edit", tr("&Edit..."), *column, &Resources::EditSprite_Click);
-    m_editSprite->setToolTip(tr("Change how the sprite looks"));
+    QPushButton* create = listButton("NewSprite", "new", u"&New..."_s, *column, &Resources::NewSprite_Click);
+    create->setToolTip(u"Draw a new sprite"_s);
+    m_editSprite = listButton("EditSprite", "edit", u"&Edit..."_s, *column, &Resources::EditSprite_Click);
+    m_editSprite->setToolTip(u"Change how the sprite looks"_s);
     m_removeSprite =
-        listButton("RemoveSprite", "remove", tr("Re&move..."), *column, &Resources::RemoveSprite_Click);
-    m_removeSprite->setToolTip(tr("Take the sprite out of your game"));
-    m_removeSprite->setAccessibleName(tr("Remove sprite..."));
+        listButton("RemoveSprite", "remove", u"Re&move..."_s, *column, &Resources::RemoveSprite_Click);
+    m_removeSprite->setToolTip(u"Take the sprite out of your game"_s);
+    m_removeSprite->setAccessibleName(u"Remove sprite..."_s);
     return part;
-}
-
-std::string Resources::gameFolder() const
-{
-    std::string folder = m_desk.module().gamePath();
-    folder.pop_back(); // the backslash
-    return folder;
 }
 
 std::string Resources::gameFile(const QString& name) const
 {
-    return m_desk.module().gamePath() + forms::toUtf8(name);
+    return m_game.pathOf(forms::toUtf8(name));
 }
 
 void Resources::Form_Load()
 {
     relist();
     // Sprites that are drawn and pictures that come in from elsewhere show up by themselves.
-    if (const auto folder = m_desk.installation().find(gameFolder()))
+    if (const auto folder = m_desk.installation().find(m_game.path()))
         m_watcher.addPath(QString::fromStdString(folder->string()));
 }
 
@@ -239,7 +259,7 @@ void Resources::ListBackgrounds()
 {
     QStringList names;
     for (const auto kind : pictureKinds) {
-        for (const auto& name : m_desk.installation().listFiles(gameFolder(), kind)) {
+        for (const auto& name : m_desk.installation().listFiles(m_game.path(), kind)) {
             if (!isGameIcon(name))
                 names += forms::fromUtf8(name);
         }
@@ -251,10 +271,7 @@ void Resources::ListBackgrounds()
 
 void Resources::ListSprites()
 {
-    QStringList names;
-    for (const auto& name : spriteNames(m_desk.installation(), m_desk.module().gamePath()))
-        names += forms::fromUtf8(name);
-    fill(*m_spriteNames, names);
+    fill(*m_spriteNames, forms::inNameOrder(spriteNames(m_desk.installation(), m_game.path())));
     for (int row = 0; row < std::min(m_spriteNames->count(), picturedSprites); ++row) {
         QListWidgetItem& item = *m_spriteNames->item(row);
         item.setIcon(spriteOf(m_desk, gameFile(item.text()), spriteSide));
@@ -292,7 +309,7 @@ void Resources::showPreview(int index)
     const QString name = item != nullptr ? item->text() : QString();
     picture.setIcon(name.isEmpty() ? QPixmap() : previewOf(name));
     picture.setEnabled(!name.isEmpty());
-    picture.setAccessibleName(name.isEmpty() ? tr("No background") : name);
+    picture.setAccessibleName(name.isEmpty() ? u"No background"_s : name);
     title.setToolTip(name);
     title.setText(title.fontMetrics().elidedText(name, Qt::ElideMiddle, title.width()));
 }
@@ -309,58 +326,83 @@ QPixmap Resources::previewOf(const QString& name)
 
 void Resources::AddBackground_Click()
 {
-    const QString file =
-        QFileDialog::getOpenFileName(this, tr("Add a background"), QDir::homePath(),
-                                     tr("Pictures (*.bmp *.gif *.jpg *.jpeg *.BMP *.GIF *.JPG *.JPEG)"));
+    const QString file = QFileDialog::getOpenFileName(this, u"Add a background"_s, QDir::homePath(),
+                                                      u"Pictures (%1)"_s.arg(importablePatterns()));
     if (!file.isEmpty())
         addPicture(file);
 }
 
 void Resources::addPicture(const QString& file)
 {
-    const QString shortName = QFileInfo(file).fileName();
-    const QString name = writablePictureName(shortName);
     const std::filesystem::path path(file.toStdString());
-    if (name.isEmpty() || !m_desk.pictures().read(path)) {
-        forms::tell(this, say::pictureUnreadable.toString().arg(shortName));
+    const PictureImport picture = importPicture(m_desk.pictures(), path);
+    if (picture.outcome != PictureImport::Outcome::Ready) {
+        forms::warn(this, whyNotAdded(picture, QFileInfo(file).fileName()));
         return;
     }
+    const QString wish = QFileInfo(file).completeBaseName();
+    const QString name = pictureName(wish) + QString::fromUtf8(picture.ending);
     const auto there = m_desk.installation().find(gameFile(name));
     std::error_code error;
-    const bool same = there && std::filesystem::equivalent(*there, path, error);
-    if (!same) {
-        if (there && !forms::askOk(this, tr("Add a background"), say::pictureExists.toString().arg(name)))
-            return;
-        const auto bytes = readFileBytes(path, Installation::maximumFileSize);
-        if (!bytes || !m_desk.installation().write(gameFile(name), *bytes)) {
-            forms::tell(this, say::pictureNotAdded.toString());
-            return;
-        }
-    }
+    const bool isThisOne = there && std::filesystem::equivalent(*there, path, error);
+    if (!isThisOne && !writePicture(name, picture.bytes))
+        return;
     relist();
     const auto added = m_backgroundNames->findItems(name, Qt::MatchFixedString);
     if (!added.isEmpty())
         m_backgroundNames->setCurrentItem(added.front());
+    if (isIconName(forms::toUtf8(wish)))
+        forms::tell(this,
+                    u"A picture with the name icon is the icon of your game.  So I gave this one the name "
+                    "%1."_s.arg(name));
+}
+
+bool Resources::writePicture(const QString& name, const std::string& bytes)
+{
+    const bool isThere = m_desk.installation().find(gameFile(name)).has_value();
+    if (isThere &&
+        !forms::askOk(
+            this, u"Add a background"_s,
+            u"Your game already has a picture with the name %1.  Do you want the new picture to take "
+            "its place?"_s.arg(name)))
+        return false;
+    if (!m_desk.mayChangeGame(this))
+        return false;
+    if (m_desk.installation().write(gameFile(name), bytes))
+        return true;
+    forms::warn(this, u"I could not copy the picture into your game.  Maybe the disk is full, or nobody may "
+                      "write in the folder of this game."_s);
+    return false;
 }
 
 void Resources::removeFiles(const QStringList& names, const QString& shownName)
 {
+    if (!m_desk.mayChangeGame(this))
+        return;
     bool gone = true;
     for (const QString& name : names) {
         if (m_desk.installation().find(gameFile(name)))
             gone = m_desk.installation().remove(gameFile(name)) && gone;
     }
     if (!gone)
-        forms::tell(this, say::notRemoved.toString().arg(shownName));
+        forms::warn(this, u"I could not remove %1.  Maybe nobody may write in the folder of this game."_s.arg(
+                              shownName));
     relist();
 }
 
 void Resources::Command1_Click()
 {
     const QString name = selectedName(*m_backgroundNames);
-    if (!name.isEmpty() &&
-        forms::askOk(this, tr("Remove a background"), say::removePicture.toString().arg(name)))
+    if (!name.isEmpty() && mayRemove(u"background"_s, u"picture"_s, name))
         removeFiles({name}, name);
+}
+
+bool Resources::mayRemove(const QString& what, const QString& kind, const QString& name)
+{
+    return forms::askOk(
+        this, u"Remove a %1"_s.arg(what),
+        u"Do you really want to remove the %1 %2 from your game?  You can't get it back."_s.arg(kind, name),
+        forms::DefaultButton::Cancel);
 }
 
 void Resources::NewSprite_Click()
@@ -378,8 +420,8 @@ void Resources::EditSprite_Click()
 void Resources::RemoveSprite_Click()
 {
     const QString name = selectedName(*m_spriteNames);
-    if (!name.isEmpty() && forms::askOk(this, tr("Remove a sprite"), say::removeSprite.toString().arg(name)))
-        removeFiles({name + QStringLiteral(".spr"), name + QStringLiteral(".spb")}, name);
+    if (!name.isEmpty() && mayRemove(u"sprite"_s, u"sprite"_s, name))
+        removeFiles({name + u".spr"_s, name + u".spb"_s}, name);
 }
 
 void Resources::keyPressEvent(QKeyEvent* event)

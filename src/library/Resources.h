@@ -1,4 +1,9 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #pragma once
+
+#include "games/GameRecord.h"
 
 #include <QFileSystemWatcher>
 #include <QHash>
@@ -21,7 +26,7 @@ class Resources : public QWidget
 {
     Q_OBJECT
 public:
-    explicit Resources(Desk& desk, QWidget* parent = nullptr);
+    Resources(Desk& desk, GameRecord game, QWidget* parent = nullptr);
 
     void ListBackgrounds();
     void ListSprites();
@@ -50,14 +55,17 @@ private:
     void showPreview(int index);
     QPixmap previewOf(const QString& name);
     void addPicture(const QString& file);
-    std::string gameFolder() const;
+    /// Writes a picture into the game, asks before it replaces one, and tells where it could not.
+    bool writePicture(const QString& name, const std::string& bytes);
     std::string gameFile(const QString& name) const;
+    bool mayRemove(const QString& what, const QString& kind, const QString& name);
     /// Deletes files of the game; tells the user where one stays.
     void removeFiles(const QStringList& names, const QString& shownName);
 
     static constexpr int previews = 4;
 
     Desk& m_desk;
+    const GameRecord m_game; ///< as it was when the window opened: only its folder matters
     QFileSystemWatcher m_watcher;
     QTimer m_changesSettle;
     QHash<QString, QPixmap> m_pictures;

@@ -1,7 +1,10 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "library/TileArea.h"
 
 #include "library/GamePictures.h"
-#include "library/TrayMath.h"
+#include "library/TrayLayout.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -16,7 +19,14 @@ constexpr int iconOffset = 15;   // below the title
 constexpr int authorOffset = 95; // below the icon
 constexpr int lineHeight = 16;
 constexpr int textSize = 13; // in pixels: the place above the icon does not grow with the desktop's font
-constexpr double narrowest = 0.7;
+constexpr int smallTextSize = 10;
+constexpr double narrowest = 0.7; // at the full size
+
+/// How much narrower than it is a text must be drawn to find room.
+double narrowingOf(const QFont& font, const QString& text, double room)
+{
+    return std::min(1.0, room / std::max(1, QFontMetrics(font).horizontalAdvance(text.trimmed())));
+}
 
 } // namespace
 
@@ -69,11 +79,13 @@ void TileArea::drawText(QPainter& painter, const QString& text, QPoint at, bool 
     QFont plain = font();
     plain.setPixelSize(textSize);
     plain.setItalic(italic);
-    const QFontMetrics metrics(plain);
-    const double room = m_slotWidth - firstTileLeft - 4; // the last tile's slot ends early
+    // Up to the frame of a marked tile; the last tile's slot ends early.
+    const double room = std::min(m_slotWidth - 12, width() - at.x() - 4);
+    if (narrowingOf(plain, text, room) < narrowest)
+        plain.setPixelSize(smallTextSize);
     // Long texts get narrow letters. A narrow font would look the same, but take its time to be found.
-    const double narrow =
-        std::clamp(room / std::max(1, metrics.horizontalAdvance(text.trimmed())), narrowest, 1.0);
+    const double narrow = narrowingOf(plain, text, room);
+    const QFontMetrics metrics(plain);
     painter.save();
     painter.setClipRect(QRectF(at, QSizeF(room + 2, lineHeight + 1)));
     painter.setFont(plain);

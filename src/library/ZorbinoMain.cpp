@@ -1,12 +1,16 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "library/ZorbinoMain.h"
 
 #include "forms/Desk.h"
-#include "forms/Forms.h"
+#include "forms/Icons.h"
+#include "forms/MessageBoxes.h"
+#include "forms/Texts.h"
+#include "games/GameFolders.h"
 #include "library/GamePictures.h"
-#include "library/Messages.h"
 #include "library/TileArea.h"
-#include "library/TrayMath.h"
-#include "runtime/GameFolders.h"
+#include "library/TrayLayout.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -19,19 +23,18 @@
 #include <QPushButton>
 #include <QRandomGenerator>
 #include <QScrollBar>
-#include <QTimer>
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <QWindow>
 
 #include <algorithm>
-#include <future>
 
 namespace
 {
 
+using namespace Qt::StringLiterals;
+
 constexpr QSize outerSize(600, 418);
-constexpr int pictureSide = 68;
 constexpr int iconsKept = 64;
 constexpr int headHeight = 92; // of the sky above the tray
 constexpr const char* helpProperty = "helpText";
@@ -65,49 +68,32 @@ QPixmap plainSky(QSize size)
     return sky;
 }
 
-/// One of the two pictures of the library, by chance; a null image where it cannot be read.
-QImage readBackdrop(Desk& desk)
+} // namespace
+
+QImage ZorbinoMain::readBackdrop(const Installation& installation, PictureReader& pictures)
 {
     const bool first = QRandomGenerator::global()->generateDouble() > 0.5;
-    const auto file = desk.installation().find(first ? "zbo\\zorbino1.jpg" : "zbo\\zorbino2.jpg");
-    auto surface = file ? desk.pictures().read(*file) : std::nullopt;
+    const auto file = installation.find(first ? "zbo\\zorbino1.jpg" : "zbo\\zorbino2.jpg");
+    auto surface = file ? pictures.read(*file) : std::nullopt;
     return surface ? imageOf(std::move(*surface)) : QImage();
 }
 
-std::future<QImage>& comingBackdrop()
-{
-    static std::future<QImage> picture;
-    return picture;
-}
-
-} // namespace
-
-void ZorbinoMain::readAhead(Desk& desk)
-{
-    if (comingBackdrop().valid())
-        return;
-    comingBackdrop() = std::async(std::launch::async, [&desk] { return readBackdrop(desk); });
-    const QSize size(pictureSide, pictureSide);
-    forms::drawAhead({"create", "unpack", "special", "exit"}, size);
-}
-
-ZorbinoMain::ZorbinoMain(Desk& desk, QWidget* parent)
-    : QWidget(parent)
+ZorbinoMain::ZorbinoMain(Desk& desk, const QImage& backdrop)
+    : QWidget(nullptr)
     , m_desk(desk)
     , m_icons(iconsKept)
 {
-    setObjectName(u"ZorbinoMain");
+    setObjectName(u"ZorbinoMain"_s);
     setWindowTitle(forms::fromUtf8(ProductName));
     setAttribute(Qt::WA_DeleteOnClose);
-    readAhead(desk); // unless the program has done so long before
     layOut();
-    Form_Load(comingBackdrop().get());
+    Form_Load(backdrop.isNull() ? readBackdrop(desk.installation(), desk.pictures()) : backdrop);
 }
 
 void ZorbinoMain::layOut()
 {
-    auto* label = new Caption(tr("Click on a game!"), this);
-    label->setObjectName(u"Label1");
+    auto* label = new Caption(u"Click on a game!"_s, this);
+    label->setObjectName(u"Label1"_s);
     label->setAlignment(Qt::AlignHCenter | Qt::AlignBottom);
     QFont large = label->font();
     large.setPixelSize(24);
@@ -117,18 +103,18 @@ void ZorbinoMain::layOut()
     label->setContentsMargins(0, 0, 0, 0);
 
     m_tray = new TileArea("GameTray", outerSize.width() / tilesInView, this);
-    m_tray->setToolTip(tr("Click on a game to play, edit, pack, or delete it"));
-    m_tray->setAccessibleName(tr("Games"));
+    m_tray->setToolTip(u"Click on a game to play, edit, pack, or delete it"_s);
+    m_tray->setAccessibleName(u"Games"_s);
     m_tray->setFocusPolicy(Qt::StrongFocus);
     m_scrollbar = new QScrollBar(Qt::Horizontal, this);
-    m_scrollbar->setObjectName(u"scrollbar");
-    m_scrollbar->setAccessibleName(tr("First game shown"));
+    m_scrollbar->setObjectName(u"scrollbar"_s);
+    m_scrollbar->setAccessibleName(u"First game shown"_s);
     m_scrollbar->setFocusPolicy(Qt::StrongFocus);
     m_scrollbar->setPageStep(tilesInView);
     m_scrollbar->setFixedHeight(20);
     m_scrollbar->setEnabled(false);
     m_tempPic = new QLabel(this);
-    m_tempPic->setObjectName(u"TempPic");
+    m_tempPic->setObjectName(u"TempPic"_s);
     m_tempPic->hide();
 
     auto* column = new QVBoxLayout(this);
@@ -146,42 +132,36 @@ void ZorbinoMain::layOut()
     connect(m_tray, &TileArea::pressed, this, &ZorbinoMain::GameTray_MouseDown);
     connect(m_tray, &TileArea::keyPressed, this, &ZorbinoMain::GameTray_Key);
     connect(m_scrollbar, &QScrollBar::valueChanged, this, &ZorbinoMain::scrollbar_Change);
-    connect(m_scrollbar, &QScrollBar::sliderMoved, this, &ZorbinoMain::scrollbar_Scroll);
 }
 
-QAbstractButton* ZorbinoMain::pictureButton(const char* name, const char* iconName, const QString& tip,
-                                            void (ZorbinoMain::*click)())
+QAbstractButton* ZorbinoMain::toolButton(const forms::ActionOf<ZorbinoMain>& row, QSize iconSize)
 {
-    auto* button = new QToolButton(this);
-    forms::dressButton(*button, name, iconName, tip);
-    button->setIconSize(QSize(pictureSide, pictureSide));
-    button->setFocusPolicy(Qt::StrongFocus);
+    auto* button = forms::makeToolButton(row, iconSize, this);
     button->setCursor(Qt::PointingHandCursor);
-    connect(button, &QAbstractButton::clicked, this, click);
+    connect(button, &QAbstractButton::clicked, this, row.handler);
     return button;
 }
 
 QWidget* ZorbinoMain::makeToolRow()
 {
-    const QString install = tr("Install new Zorbino games you have on a floppy or your hard drive");
-    m_createButton = pictureButton("CreateButton", "create", tr("Write a new game of your own!"),
-                                   &ZorbinoMain::CreateButton_Click);
-    m_unPackButton = pictureButton("UnPackButton", "unpack", install, &ZorbinoMain::UnPackButton_Click);
-    m_specialButton = pictureButton("SpecialButton", "special", install, &ZorbinoMain::SpecialButton_Click);
-    auto* exit = pictureButton("ExitButton", "exit", tr("Exit Zorbino"), &ZorbinoMain::ExitButton_Click);
-
-    auto* mapEditor = new QToolButton(this);
-    mapEditor->setText(tr("&Map Editor"));
-    mapEditor->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
-    forms::dressButton(*mapEditor, "LaunchMapEditor", "mapeditor", tr("Draw the map of a game"));
-    mapEditor->setIconSize(QSize(48, 48));
-    mapEditor->setFocusPolicy(Qt::StrongFocus);
-    mapEditor->setCursor(Qt::PointingHandCursor);
-    connect(mapEditor, &QAbstractButton::clicked, this, &ZorbinoMain::LaunchMapEditor_Click);
+    constexpr auto install = u"Install new Zorbino games you have on a floppy or your hard drive";
+    constexpr QSize captioned(48, 48);
+    m_createButton = toolButton(
+        {{"CreateButton", "create", u"", u"Write a new game of your own!"}, &ZorbinoMain::CreateButton_Click},
+        buttonPicture);
+    m_unPackButton = toolButton({{"UnPackButton", "unpack", u"", install}, &ZorbinoMain::UnPackButton_Click},
+                                buttonPicture);
+    m_specialButton = toolButton(
+        {{"SpecialButton", "special", u"", install}, &ZorbinoMain::SpecialButton_Click}, buttonPicture);
+    auto* exit = toolButton({{"ExitButton", "exit", u"", u"Exit Zorbino"}, &ZorbinoMain::ExitButton_Click},
+                            buttonPicture);
+    auto* mapEditor = toolButton({{"LaunchMapEditor", "mapeditor", u"&Map Editor", u"Draw the map of a game"},
+                                  &ZorbinoMain::LaunchMapEditor_Click},
+                                 captioned);
 
     auto* frame = new QFrame(this);
-    frame->setObjectName(u"SpecialFrame");
-    frame->setStyleSheet(QStringLiteral("#SpecialFrame { border: 2px solid #ffd23a; border-radius: 13px; }"));
+    frame->setObjectName(u"SpecialFrame"_s);
+    frame->setStyleSheet(u"#SpecialFrame { border: 2px solid #ffd23a; border-radius: 13px; }"_s);
     auto* inFrame = new QHBoxLayout(frame);
     inFrame->setContentsMargins(4, 4, 4, 4);
     inFrame->addWidget(m_specialButton);
@@ -202,65 +182,27 @@ QWidget* ZorbinoMain::makeToolRow()
 
 QFrame* ZorbinoMain::makeActionWindow()
 {
-    struct Action {
-        const char* name;
-        const char* icon;
-        QString caption;
-        QString help;
-        void (ZorbinoMain::*click)();
-    };
-    const Action actions[] = {
-        {"Work", "work", tr("&Work on this Game"),
-         tr("You can work on a game that is not finished yet, or change a completed game."),
-         &ZorbinoMain::Work_Click},
-        {"PlayGame", "playgame", tr("&Play this Game"), tr("Play the game!"), &ZorbinoMain::PlayGame_Click},
-        {"delete", "deletegame", tr("&Delete it"),
-         tr("If you delete a game, it is removed permanently from your computer."),
-         &ZorbinoMain::delete_Click},
-        {"Pack", "pack", tr("Pa&ck it Up"),
-         tr("You can pack up a game to give it to your friends or put on the Internet."),
-         &ZorbinoMain::Pack_Click},
-        {"Cancel", "cancel", tr("&Cancel"), tr("Press cancel to look at a different game."),
-         &ZorbinoMain::Cancel_Click},
-    };
-
     auto* panel = new QFrame(this);
-    panel->setObjectName(u"ActionWindow");
-    panel->setAccessibleName(tr("The game that you picked"));
-    panel->setStyleSheet(QStringLiteral("#ActionWindow { background: palette(window); border: 2px solid "
-                                        "palette(highlight); border-radius: 14px; }"));
+    panel->setObjectName(u"ActionWindow"_s);
+    panel->setAccessibleName(u"The game that you picked"_s);
+    panel->setStyleSheet(u"#ActionWindow { background: palette(window); border: 2px solid "
+                         "palette(highlight); border-radius: 14px; }"_s);
     m_gamePicture = new TileArea("GamePicture", outerSize.width() / tilesInView, panel);
-    m_gamePicture->setAccessibleName(tr("Picture of the game"));
+    m_gamePicture->setAccessibleName(u"Picture of the game"_s);
     m_gamePicture->setFixedSize(firstTileLeft + outerSize.width() / tilesInView,
                                 m_gamePicture->sizeHint().height());
     m_help = new QLabel(panel);
-    m_help->setObjectName(u"Help");
+    m_help->setObjectName(u"Help"_s);
     m_help->setWordWrap(true);
     m_help->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
     m_help->setFixedHeight(m_help->fontMetrics().lineSpacing() * 2 + 4); // 4: lines are rounded up
 
-    auto* buttons = new QVBoxLayout;
-    buttons->setSpacing(8);
-    int longestHelp = 0;
-    for (const Action& action : actions) {
-        longestHelp = std::max(longestHelp, m_help->fontMetrics().horizontalAdvance(action.help));
-        auto* button = new QPushButton(action.caption, panel);
-        forms::dressButton(*button, action.name, action.icon, QString());
-        button->setAccessibleDescription(action.help);
-        button->setIconSize(QSize(24, 24));
-        connect(button, &QAbstractButton::clicked, this, action.click);
-        explain(button, action.help);
-        buttons->addWidget(button);
-        if (m_work == nullptr)
-            m_work = button;
-    }
-    explain(panel, QString());
-    explain(m_gamePicture, QString());
-
     auto* upper = new QHBoxLayout;
     upper->setSpacing(16);
     upper->addWidget(m_gamePicture, 0, Qt::AlignVCenter);
-    upper->addLayout(buttons);
+    upper->addLayout(makeActions(panel));
+    explain(panel, QString());
+    explain(m_gamePicture, QString());
     auto* column = new QVBoxLayout(panel);
     constexpr int margin = 16;
     column->setContentsMargins(margin, margin, margin, 8);
@@ -268,9 +210,58 @@ QFrame* ZorbinoMain::makeActionWindow()
     column->addLayout(upper);
     column->addWidget(m_help);
     // Half of the longest help and a word more, so that two lines hold it in a large font too.
-    panel->setMinimumWidth(std::clamp(longestHelp * 5 / 8 + 2 * margin, 420, outerSize.width() - 2 * margin));
+    panel->setMinimumWidth(
+        std::clamp(longestHelp() * 5 / 8 + 2 * margin, 420, outerSize.width() - 2 * margin));
     panel->hide();
     return panel;
+}
+
+struct ZorbinoMain::GameAction {
+    forms::ActionOf<ZorbinoMain> row; ///< without a tip, which would cover the game
+    const char16_t* help;
+};
+
+std::span<const ZorbinoMain::GameAction> ZorbinoMain::gameActions()
+{
+    static constexpr GameAction actions[] = {
+        {{{"Work", "work", u"&Work on this Game", u""}, &ZorbinoMain::Work_Click},
+         u"You can work on a game that is not finished yet, or change a completed game."},
+        {{{"PlayGame", "playgame", u"&Play this Game", u""}, &ZorbinoMain::PlayGame_Click},
+         u"Play the game!"},
+        {{{"delete", "deletegame", u"&Delete it", u""}, &ZorbinoMain::delete_Click},
+         u"If you delete a game, it is removed permanently from your computer."},
+        {{{"Pack", "pack", u"Pa&ck it Up", u""}, &ZorbinoMain::Pack_Click},
+         u"You can pack up a game to give it to your friends or put on the Internet."},
+        {{{"Cancel", "cancel", u"&Cancel", u""}, &ZorbinoMain::Cancel_Click},
+         u"Press cancel to look at a different game."},
+    };
+    return actions;
+}
+
+QLayout* ZorbinoMain::makeActions(QWidget* panel)
+{
+    auto* buttons = new QVBoxLayout;
+    buttons->setSpacing(8);
+    for (const GameAction& action : gameActions()) {
+        auto* button = new QPushButton(panel);
+        forms::setUpButton(*button, action.row);
+        button->setAccessibleDescription(QString::fromUtf16(action.help));
+        button->setIconSize(QSize(32, 24)); // with some room beside the caption
+        connect(button, &QAbstractButton::clicked, this, action.row.handler);
+        explain(button, QString::fromUtf16(action.help));
+        buttons->addWidget(button);
+        if (m_work == nullptr)
+            m_work = button;
+    }
+    return buttons;
+}
+
+int ZorbinoMain::longestHelp() const
+{
+    int longest = 0;
+    for (const GameAction& action : gameActions())
+        longest = std::max(longest, m_help->fontMetrics().horizontalAdvance(QString::fromUtf16(action.help)));
+    return longest;
 }
 
 void ZorbinoMain::explain(QWidget* control, const QString& help)
@@ -355,14 +346,12 @@ void ZorbinoMain::scrollbar_Scroll()
 void ZorbinoMain::DrawGameTile(TileArea& area, const GameRecord& game, int left, int top)
 {
     const QString key = forms::fromUtf8(game.folder);
-    const QPixmap* icon = m_icons.object(key);
-    if (icon == nullptr) {
-        m_tempPic->setPixmap(iconOf(m_desk, game));
-        m_icons.insert(key, new QPixmap(m_tempPic->pixmap()));
-        icon = m_icons.object(key);
-    }
+    if (!m_icons.contains(key))
+        m_icons.insert(key, new QPixmap(iconOf(m_desk, game)));
+    const QPixmap& icon = *m_icons.object(key);
+    m_tempPic->setPixmap(icon);
     area.addTile(
-        {forms::fromUtf8(tileText(game.title)), forms::fromUtf8(tileText(game.author)), *icon, left, top});
+        {forms::fromUtf8(tileText(game.title)), forms::fromUtf8(tileText(game.author)), icon, left, top});
 }
 
 void ZorbinoMain::setTrayEnabled(bool on)
@@ -429,62 +418,81 @@ void ZorbinoMain::Cancel_Click()
 
 void ZorbinoMain::CreateButton_Click()
 {
-    std::string missing;
-    const bool created = CreateGameFolder(m_desk.installation(), missing).has_value();
-    m_scrollbar->setEnabled(false);
+    const NewGameFolder made = CreateGameFolder(m_desk.installation());
+    redrawGames();
+    switch (made.outcome) {
+    case NewGameFolder::Outcome::Created:
+        forms::tell(this,
+                    u"Your new game is ready for you to work on it!  Just find the white box with the red "
+                    "X and click on it, then select the Work button."_s);
+        break;
+    case NewGameFolder::Outcome::TemplateMissing:
+        forms::tell(this,
+                    u"I can't make a new game, because I can't find the file %1.  Please ask somebody to "
+                    "install Zorbino again."_s.arg(forms::fromUtf8(made.name)));
+        break;
+    case NewGameFolder::Outcome::NotWritten:
+        forms::tell(this, u"I can't make a new game, because I can't write %1.  Maybe the disk is full, or "
+                          "nobody may write there."_s.arg(forms::fromUtf8(made.name)));
+        break;
+    }
+}
+
+void ZorbinoMain::redrawGames()
+{
+    m_scrollbar->setEnabled(false); // the new maximum may move it, which draws nothing yet
     refreshGames();
     m_scrollbar->setEnabled(true);
     scrollbar_Change();
-    if (created) {
-        forms::tell(this, say::gameCreated.toString());
-        return;
-    }
-    const QStringView message = missing.starts_with("zbo") ? say::templateMissing : say::gameNotCreated;
-    forms::tell(this, message.toString().arg(forms::fromUtf8(missing)));
 }
 
 void ZorbinoMain::Work_Click()
 {
-    std::string folder = m_desk.module().gamePath();
-    folder.pop_back(); // the backslash
-    if (!m_desk.installation().isFolder(folder)) {
-        forms::tell(this, say::gameIsGone.toString());
+    if (!m_desk.installation().isFolder(m_desk.module().CurrentGame.path())) {
+        forms::tell(this, u"I can't find the folder of this game any more.  Somebody must have moved it or "
+                          "deleted it."_s);
         Cancel_Click();
-        refreshGames();
-        scrollbar_Change();
+        redrawGames();
         return;
     }
-    m_desk.LogProgress(QStringLiteral("ZorbinoMain.Work_click: begin"));
-    m_desk.LogProgress(QStringLiteral("ZorbinoMain.Work_click: About to show GameEditor"));
+    m_desk.LogProgress(u"ZorbinoMain.Work_click: begin"_s);
+    m_desk.LogProgress(u"ZorbinoMain.Work_click: About to show GameEditor"_s);
     m_desk.showGameEditor();
-    m_desk.LogProgress(QStringLiteral("ZorbinoMain.Work_click: GameEditor Shown"));
+    m_desk.LogProgress(u"ZorbinoMain.Work_click: GameEditor Shown"_s);
     close();
-    m_desk.LogProgress(QStringLiteral("ZorbinoMain.Work_click: unloaded ZorbinoMain"));
+    m_desk.LogProgress(u"ZorbinoMain.Work_click: unloaded ZorbinoMain"_s);
+}
+
+void ZorbinoMain::sayNotEnabled()
+{
+    forms::tell(this, u"This feature is not enabled yet-- sorry!"_s);
 }
 
 void ZorbinoMain::PlayGame_Click()
 {
-    forms::tell(this, say::notEnabled.toString());
+    sayNotEnabled();
 }
 
 void ZorbinoMain::delete_Click()
 {
-    forms::tell(this, say::notEnabled.toString());
+    sayNotEnabled();
 }
 
 void ZorbinoMain::Pack_Click()
 {
-    forms::tell(this, say::notEnabled.toString());
+    sayNotEnabled();
 }
 
 void ZorbinoMain::UnPackButton_Click()
 {
-    forms::tell(this, say::notEnabled.toString());
+    sayNotEnabled();
 }
 
 void ZorbinoMain::SpecialButton_Click()
 {
-    forms::tell(this, say::notEnabledSpecial.toString());
+    forms::tell(this,
+                u"This feature is not enabled yet-- sorry! This is where you could add resources to your "
+                "general pool from"_s);
 }
 
 void ZorbinoMain::LaunchMapEditor_Click()
@@ -517,20 +525,22 @@ void ZorbinoMain::resizeEvent(QResizeEvent* event)
 void ZorbinoMain::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
-    if (!event->spontaneous())
-        takeOuterSize(10);
+    takeOuterSize();
 }
 
-void ZorbinoMain::takeOuterSize(int triesLeft)
+void ZorbinoMain::moveEvent(QMoveEvent* event)
 {
-    // The window manager puts its frame on some time after the window was asked for, and tells nobody.
+    QWidget::moveEvent(event);
+    takeOuterSize(); // the desktop has put its frame around the window, which moves what is inside
+}
+
+void ZorbinoMain::takeOuterSize()
+{
     const QMargins frame = windowHandle() != nullptr ? windowHandle()->frameMargins() : QMargins();
-    if (frame.isNull() && triesLeft > 0) {
-        QTimer::singleShot(30, this, [this, triesLeft] { takeOuterSize(triesLeft - 1); });
+    if (frame.isNull() || m_hasOuterSize)
         return;
-    }
-    if (!frame.isNull())
-        resize(outerSize.shrunkBy(frame));
+    m_hasOuterSize = true;
+    resize(outerSize.shrunkBy(frame));
     centreActionWindow();
 }
 

@@ -1,18 +1,28 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
-#include "runtime/ZB.h"
+#include "forms/ActionRow.h"
+#include "games/GameRecord.h"
 
 #include <QCache>
 #include <QElapsedTimer>
+#include <QImage>
 #include <QPixmap>
 #include <QWidget>
 
+#include <array>
+#include <span>
 #include <vector>
 
 class Desk;
+class Installation;
+class PictureReader;
 class QAbstractButton;
 class QFrame;
 class QLabel;
+class QLayout;
 class QScrollBar;
 class TileArea;
 
@@ -23,20 +33,26 @@ class ZorbinoMain : public QWidget
 {
     Q_OBJECT
 public:
-    explicit ZorbinoMain(Desk& desk, QWidget* parent = nullptr);
+    /// Without a backdrop it reads one itself.
+    explicit ZorbinoMain(Desk& desk, const QImage& backdrop = QImage());
 
-    /// Starts to read the large pictures of the next library window, beside whatever the caller does
-    /// meanwhile.
-    static void readAhead(Desk& desk);
+    /// One of the two pictures of the library, by chance; a null image where it cannot be read. In any
+    /// thread.
+    static QImage readBackdrop(const Installation& installation, PictureReader& pictures);
+    /// The pictures of the big buttons, and how large they are.
+    static constexpr std::array buttonIcons = {"create", "unpack", "special", "exit"};
+    static constexpr QSize buttonPicture{68, 68};
 
     void DrawGameTile(TileArea& area, const GameRecord& game, int left, int top);
     void DisableTray();
     void EnableTray();
+    void scrollbar_Scroll();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -44,7 +60,6 @@ private:
     void Form_Load(const QImage& picture);
     void GameTray_MouseDown(int x);
     void scrollbar_Change();
-    void scrollbar_Scroll();
     void Work_Click();
     void PlayGame_Click();
     void delete_Click();
@@ -59,17 +74,22 @@ private:
     void layOut();
     QWidget* makeToolRow();
     QFrame* makeActionWindow();
-    QAbstractButton* pictureButton(const char* name, const char* iconName, const QString& tip,
-                                   void (ZorbinoMain::*click)());
+    struct GameAction;
+    static std::span<const GameAction> gameActions();
+    QLayout* makeActions(QWidget* panel);
+    int longestHelp() const;
+    QAbstractButton* toolButton(const forms::ActionOf<ZorbinoMain>& row, QSize iconSize);
     void explain(QWidget* control, const QString& help);
     void setTrayEnabled(bool on);
     void spreadBackdrop();
     void refreshGames();
+    void redrawGames();
     void drawTray();
     void pick(int index);
+    void sayNotEnabled();
     void GameTray_Key(int key);
     void centreActionWindow();
-    void takeOuterSize(int triesLeft);
+    void takeOuterSize();
 
     Desk& m_desk;
     std::vector<GameRecord> m_games;
@@ -77,6 +97,7 @@ private:
     QElapsedTimer m_sincePicked;
     QPixmap m_picture;  ///< the background as it was loaded
     QPixmap m_backdrop; ///< as it fills the window
+    bool m_hasOuterSize = false;
 
     TileArea* m_tray = nullptr;
     QScrollBar* m_scrollbar = nullptr;

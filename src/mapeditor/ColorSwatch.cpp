@@ -1,12 +1,15 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "mapeditor/ColorSwatch.h"
 
 #include <QPainter>
 
 #include <algorithm>
 
-ColorSwatch::ColorSwatch(const QString& objectName, Pixel colour, QWidget* parent)
+ColorSwatch::ColorSwatch(const QString& objectName, Pixel color, QWidget* parent)
     : QAbstractButton(parent)
-    , m_colour(QColor::fromRgb(colour))
+    , m_color(QColor::fromRgb(color))
 {
     setObjectName(objectName);
     setCheckable(true);
@@ -26,17 +29,17 @@ void ColorSwatch::paintEvent(QPaintEvent* /*event*/)
     const QRectF outer = QRectF(rect()).adjusted(2, 2, -2, -2);
     if (!isChecked()) {
         painter.setPen(QPen(palette().mid(), 1));
-        painter.setBrush(m_colour);
+        painter.setBrush(m_color);
         painter.drawRoundedRect(outer.adjusted(3, 3, -3, -3), 5, 5);
     } else {
         QLinearGradient light(outer.topLeft(), outer.bottomLeft());
-        light.setColorAt(0, m_colour.lighter(165));
-        light.setColorAt(0.3, m_colour);
-        light.setColorAt(1, m_colour.darker(125));
+        light.setColorAt(0, m_color.lighter(165));
+        light.setColorAt(0.3, m_color);
+        light.setColorAt(1, m_color.darker(125));
         painter.setPen(QPen(palette().windowText(), 2));
         painter.setBrush(palette().light());
         painter.drawRoundedRect(outer, 8, 8);
-        painter.setPen(QPen(m_colour.darker(160), 1));
+        painter.setPen(QPen(m_color.darker(160), 1));
         painter.setBrush(light);
         painter.drawRoundedRect(outer.adjusted(3.5, 3.5, -3.5, -3.5), 5, 5);
     }

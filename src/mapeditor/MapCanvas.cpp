@@ -1,6 +1,10 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "mapeditor/MapCanvas.h"
 
 #include "platform/Rounding.h"
+#include "runtime/world/Field.h"
 
 #include <QPainter>
 
@@ -9,24 +13,25 @@
 namespace
 {
 
-constexpr int usualSide = 480; // a map is then drawn as large as in the game
-constexpr int smallestSide = 320;
+using namespace Qt::StringLiterals;
+
+constexpr int smallestSide = 160;
 constexpr int ruler = 12;
 constexpr int smallestStep = 3;
 
 /// Draws the marks of `count` squares along `extent` pixels; `place` makes the rectangle from start and
 /// length.
 template<typename Place>
-void drawRuler(QPainter& painter, const QPalette& colours, int extent, int count, int marked, Place place)
+void drawRuler(QPainter& painter, const QPalette& colors, int extent, int count, int marked, Place place)
 {
     if (count <= 0 || extent / count < smallestStep)
         return;
     int start = 0;
     for (int index = 0; index < count; ++index) {
         const int end = roundToInt(static_cast<double>(extent) * (index + 1) / count);
-        const QBrush& brush = index == marked  ? colours.highlight()
-                              : index % 2 == 0 ? colours.mid()
-                                               : colours.midlight();
+        const QBrush& brush = index == marked  ? colors.highlight()
+                              : index % 2 == 0 ? colors.mid()
+                                               : colors.midlight();
         painter.fillRect(place(start, end - start), brush);
         start = end;
     }
@@ -37,12 +42,12 @@ void drawRuler(QPainter& painter, const QPalette& colours, int extent, int count
 MapCanvas::MapCanvas(QWidget* parent)
     : QWidget(parent)
 {
-    setObjectName(QStringLiteral("Canvas"));
+    setObjectName(u"Canvas"_s);
 }
 
 QSize MapCanvas::sizeHint() const
 {
-    return {usualSide + 2 * ruler, usualSide + 2 * ruler};
+    return {fieldSize + 2 * ruler, fieldSize + 2 * ruler}; // a map as large as in the game
 }
 
 QSize MapCanvas::minimumSizeHint() const

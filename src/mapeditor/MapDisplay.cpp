@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "mapeditor/MapDisplay.h"
 
 #include <QMouseEvent>
@@ -6,6 +9,8 @@
 
 namespace
 {
+
+using namespace Qt::StringLiterals;
 
 QPoint pixelUnder(const QMouseEvent& event)
 {
@@ -18,6 +23,7 @@ QPoint pixelUnder(const QMouseEvent& event)
 MapDisplay::MapDisplay(QWidget* parent)
     : PictureArea("Display", parent)
 {
+    setAccessibleName(u"Map"_s);
     setMouseTracking(true);
     setCursor(Qt::CrossCursor);
 }

@@ -1,6 +1,9 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
-#include "forms/Forms.h"
+#include "forms/PictureArea.h"
 
 /// The picture that a map is painted on. Tells mouse positions in its own pixels, also beyond its edges.
 class MapDisplay : public forms::PictureArea

@@ -1,10 +1,18 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "mapeditor/MapEditor.h"
 
-#include "forms/Forms.h"
+#include "forms/Icons.h"
+#include "forms/MessageBoxes.h"
+#include "forms/PictureArea.h"
+#include "forms/Replacing.h"
+#include "forms/Texts.h"
 #include "mapeditor/ColorSwatch.h"
 #include "mapeditor/MapCanvas.h"
 #include "mapeditor/MapDisplay.h"
-#include "platform/Rounding.h"
+#include "mapeditor/MapName.h"
+#include "platform/TextFile.h"
 
 #include <QAction>
 #include <QButtonGroup>
@@ -17,13 +25,14 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPushButton>
-#include <QScreen>
+#include <QScopedValueRollback>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QStatusBar>
 #include <QToolBar>
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <cmath>
 
 namespace
 {
@@ -32,30 +41,25 @@ using namespace Qt::StringLiterals;
 
 constexpr int usualSize = 4; // "16 x 16"
 constexpr std::array<int, 10> sizes = {3, 5, 8, 10, 16, 25, 40, 50, 64, 75};
-constexpr std::array<const char16_t*, MapEditor::colours> colourNames = {
-    u"Red", u"Orange", u"Yellow", u"Green", u"Cyan", u"Blue", u"Purple"};
+constexpr std::array<const char16_t*, mapColorCount> colorNames = {u"Red",  u"Orange", u"Yellow", u"Green",
+                                                                   u"Cyan", u"Blue",   u"Purple"};
 
-/// Maps and their backgrounds are named from here.
-std::string below(const QString& name)
+/// What is wrong with a name for a map; `example` is a better one.
+QString reasonAgainst(MapNameFault fault, const QString& name, const QString& example)
 {
-    return "games\\" + forms::toUtf8(name);
-}
-
-/// Whether a file of a game's that holds something else has this name: a map in its place would cost the
-/// child's work.
-bool isNoMap(const QString& name)
-{
-    const QString file = name.mid(name.lastIndexOf(u'\\') + 1).toLower();
-    static const QStringList others = {u"code.txt"_s, u"prop.zbo"_s};
-    static const QStringList otherKinds = {u"spr"_s, u"spb"_s, u"bmp"_s, u"gif"_s, u"jpg"_s, u"jpeg"_s};
-    return others.contains(file) || otherKinds.contains(file.mid(file.lastIndexOf(u'.') + 1));
-}
-
-/// The square that covers pixel `at` of `extent`.
-int squareAt(int at, int count, int extent)
-{
-    const double square = std::floor(static_cast<double>(at) * count / extent);
-    return roundToInt(square);
+    switch (fault) {
+    case MapNameFault::LeadsOut:
+        return u"The name %1 leads out of your games. Say the game's folder and the map's name, like %2"_s
+            .arg(name, example);
+    case MapNameFault::Icon:
+        return u"The name icon belongs to the icon of your game, which you see in the library. Please give "
+               "your map another name, like %1"_s.arg(example);
+    case MapNameFault::GameFile:
+        return u"The file %1 of your game is not a map. Please give your map another name."_s.arg(name);
+    default:
+        return u"No program can use a map with the name %1. Please give your map a name without spaces, "
+               "quotes, semicolons and braces, like %2"_s.arg(name, example);
+    }
 }
 
 } // namespace
@@ -78,7 +82,7 @@ MapEditor::MapEditor(Desk& desk)
 
     auto* const page = new QWidget(this);
     auto* const layout = new QHBoxLayout(page);
-    layout->setContentsMargins(8, 8, 12, 8);
+    layout->setContentsMargins(8, 8, 4, 8);
     layout->setSpacing(12);
     layout->addWidget(m_canvas, 1);
     layout->addWidget(makeSide());
@@ -90,10 +94,7 @@ MapEditor::MapEditor(Desk& desk)
     connect(m_display, &MapDisplay::mouseMove, this, &MapEditor::Display_MouseMove);
     connect(m_display, &MapDisplay::mouseUp, this, &MapEditor::Display_MouseUp);
     connect(m_display, &MapDisplay::mouseLeft, m_canvas, [this] { m_canvas->setMarked(-1, -1); });
-    // The display as large as in the game, but no lower edge out of reach on a small screen.
-    constexpr int titleBar = 48;
-    const QSize usual = sizeHint();
-    resize(usual.width(), std::min(usual.height(), screen()->availableGeometry().height() - titleBar));
+    resize(sizeHint()); // the display as large as in the game; a small screen makes it smaller
     Form_Load();
 }
 
@@ -161,7 +162,7 @@ QFrame* MapEditor::makeNewMapPanel(QWidget* parent)
     m_sizes->setMaxVisibleItems(static_cast<int>(sizes.size()));
     question->setBuddy(m_sizes);
     auto* const create = new QPushButton(u"&Ok"_s, panel);
-    forms::dressButton(*create, "CreateNewMap", "ok", u"Make the new map"_s);
+    forms::setUpButton(*create, "CreateNewMap", "ok", u"Make the new map"_s);
     connect(create, &QPushButton::clicked, this, &MapEditor::CreateNewMap_Click);
     auto* const layout = new QVBoxLayout(panel);
     layout->setContentsMargins(16, 16, 16, 16);
@@ -176,7 +177,7 @@ QWidget* MapEditor::makeSide()
 {
     auto* const panel = new QWidget(this);
     auto* const layout = new QVBoxLayout(panel);
-    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setContentsMargins(0, 0, 8, 0);
     layout->setSpacing(8);
 
     auto* const frame = new QGroupBox(u"Colors and what they mean"_s, panel);
@@ -184,9 +185,9 @@ QWidget* MapEditor::makeSide()
     auto* const grid = new QGridLayout(frame);
     grid->setSpacing(8);
     auto* const group = new QButtonGroup(this);
-    for (int index = 0; index < colours; ++index) {
+    for (int index = 0; index < mapColorCount; ++index) {
         const std::size_t place = static_cast<std::size_t>(index);
-        const QString name = QString::fromUtf16(colourNames[place]);
+        const QString name = QString::fromUtf16(colorNames[place]);
         auto* const swatch = new ColorSwatch(u"ColorSelect_%1"_s.arg(index), ColorTable[place], frame);
         swatch->setAccessibleName(name);
         swatch->setToolTip(u"Paint with %1 (Alt+%2)"_s.arg(name.toLower()).arg(index + 1));
@@ -221,12 +222,20 @@ QWidget* MapEditor::makeSide()
     layout->addWidget(m_delete);
     layout->addWidget(m_onlyCurrent);
     layout->addStretch(1);
-    return panel;
+
+    // On a low screen the panel can be scrolled; there is always room for the bar beside it.
+    auto* const scroll = new QScrollArea(this);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    scroll->setWidgetResizable(true);
+    scroll->setWidget(panel);
+    scroll->setFixedWidth(panel->sizeHint().width() + scroll->verticalScrollBar()->sizeHint().width());
+    return scroll;
 }
 
 void MapEditor::Form_Load()
 {
-    ColorSelect_Click(currentColor);
+    ColorSelect_Click(m_currentColor);
     FileNew_Click();
     showTitle();
 }
@@ -236,7 +245,7 @@ void MapEditor::showTitle()
     QString title = u"Zorbino Map Editor"_s;
     if (!m_fileName.isEmpty())
         title += u" - "_s + m_fileName;
-    if (m_squaresModified || m_legendModified)
+    if (m_painting.isModified())
         title += u" *"_s;
     setWindowTitle(title);
 }
@@ -256,9 +265,7 @@ void MapEditor::CreateNewMap_Click()
 {
     m_newMap->hide();
     const QString text = m_sizes->currentText();
-    const int squares = text.left(text.indexOf(u' ')).toInt();
-    m_map.Create(squares, squares);
-    m_squaresModified = false; // a blank one is no loss
+    m_painting.create(text.left(text.indexOf(u' ')).toInt());
     m_fileName.clear();
     mapOpened();
 }
@@ -266,8 +273,8 @@ void MapEditor::CreateNewMap_Click()
 void MapEditor::mapOpened()
 {
     m_newMap->hide();
-    m_display->setEnabled(m_map.hasGrid());
-    m_canvas->setGrid(m_map.columns, m_map.rows);
+    m_display->setEnabled(map().hasGrid());
+    m_canvas->setGrid(map().columns, map().rows);
     showTitle();
     RedrawMap();
 }
@@ -275,30 +282,30 @@ void MapEditor::mapOpened()
 void MapEditor::keyPressEvent(QKeyEvent* event)
 {
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (event->key() == Qt::Key_Escape && m_newMap->isVisible() && m_display->isEnabled())
+    const bool isAsked = m_newMap->isVisible();
+    if (event->key() == Qt::Key_Escape && isAsked && m_display->isEnabled())
         m_newMap->hide(); // back to the map that is there
-    else if (isReturn && m_newMap->isAncestorOf(focusWidget()))
+    else if (isReturn && isAsked && m_newMap->isAncestorOf(focusWidget()))
         CreateNewMap_Click();
     else
         QMainWindow::keyPressEvent(event);
 }
 
-// Colours and legend.
+// Colors and legend.
 
 void MapEditor::ColorSelect_Click(int index)
 {
     for (ColorSwatch* const swatch : m_swatches)
         swatch->setChecked(swatch == m_swatches[static_cast<std::size_t>(index)]);
-    currentColor = static_cast<std::int16_t>(index);
+    m_currentColor = index;
     RedrawMap();
 }
 
 void MapEditor::LegendText_Change(int index)
 {
-    if (loading)
+    if (m_loading)
         return;
-    m_map.set_legend(index, forms::toUtf8(m_legend[static_cast<std::size_t>(index)]->text()));
-    m_legendModified = true;
+    m_painting.setLegend(index, forms::toUtf8(m_legend[static_cast<std::size_t>(index)]->text()));
     showTitle();
 }
 
@@ -314,8 +321,8 @@ void MapEditor::RedrawMap()
     if (m_resizedPicture.isNull())
         return;
     m_picture = m_resizedPicture;
-    if (m_map.hasGrid())
-        m_map.Draw(m_picture, m_onlyCurrent->isChecked() ? currentColor : -1);
+    if (map().hasGrid())
+        map().Draw(m_picture, m_onlyCurrent->isChecked() ? m_currentColor : -1);
     m_display->update();
 }
 
@@ -347,28 +354,29 @@ void MapEditor::placeNewMapPanel()
 
 void MapEditor::Display_MouseDown(int x, int y)
 {
-    mouseDown = true;
-    lastColumn = -1;
+    m_painting.beginStroke();
     Display_MouseMove(x, y);
 }
 
 void MapEditor::Display_MouseMove(int x, int y)
 {
-    const int column = squareAt(x, m_map.columns, m_display->width());
-    const int row = squareAt(y, m_map.rows, m_display->height());
+    const GridPlace place = m_painting.placeAt(x, y, m_display->width(), m_display->height());
     const bool isOn = m_display->rect().contains(x, y);
-    m_canvas->setMarked(isOn ? column : -1, isOn ? row : -1);
-    if (!mouseDown)
+    m_canvas->setMarked(isOn ? place.column : -1, isOn ? place.row : -1);
+    if (!m_painting.isPainting() || !m_painting.strokeTo(place, brush()))
         return; // nothing has changed: the picture would be the same
-    if (drawStroke(column, row))
-        RedrawMap();
-    lastColumn = column;
-    lastRow = row;
+    showTitle();
+    RedrawMap();
+}
+
+Brush MapEditor::brush() const
+{
+    return {m_currentColor, m_delete->isChecked(), m_onlyCurrent->isChecked()};
 }
 
 void MapEditor::Display_MouseUp()
 {
-    mouseDown = false;
+    m_painting.endStroke();
 }
 
 void MapEditor::changeEvent(QEvent* event)
@@ -376,44 +384,6 @@ void MapEditor::changeEvent(QEvent* event)
     if (event->type() == QEvent::ActivationChange && !isActiveWindow())
         Display_MouseUp(); // the button may be let go of over a box that has come up
     QMainWindow::changeEvent(event);
-}
-
-/// Paints from the last square to this one without gaps.
-bool MapEditor::drawStroke(int column, int row)
-{
-    if (lastColumn == -1)
-        return drawOn(column, row);
-    bool changed = false;
-    const double distance = std::hypot(lastColumn - column, lastRow - row);
-    double x = lastColumn;
-    double y = lastRow;
-    for (int k = 0; distance > 0 && k <= distance; ++k) {
-        changed |= drawOn(roundToInt(x), roundToInt(y));
-        x += (column - lastColumn) / distance;
-        y += (row - lastRow) / distance;
-    }
-    return changed;
-}
-
-bool MapEditor::drawOn(int column, int row)
-{
-    if (column < 0 || row < 0 || column >= m_map.columns || row >= m_map.rows)
-        return false;
-    const int index = row * m_map.columns + column;
-    const MapSquare before = m_map.square(index);
-    if (!m_delete->isChecked())
-        m_map.set_offset(index, currentColor, true);
-    else if (m_onlyCurrent->isChecked())
-        m_map.set_offset(index, currentColor, false);
-    else
-        m_map.set_offset_all(index, false);
-    if (m_map.square(index).Same(before))
-        return false;
-    if (!m_squaresModified) {
-        m_squaresModified = true;
-        showTitle();
-    }
-    return true;
 }
 
 // Files.
@@ -425,97 +395,136 @@ QString MapEditor::exampleFolder() const
     return folder.empty() ? u"00000001\\"_s : forms::fromUtf8(folder);
 }
 
+/// A name without the blanks around it; asked for again until there is one.
+std::optional<QString> MapEditor::askName(const QString& title, const QString& prompt, const QString& start)
+{
+    for (;;) {
+        const auto name = forms::askText(this, title, prompt.arg(exampleFolder()), start);
+        if (!name)
+            return std::nullopt;
+        if (faultOf(forms::toUtf8(*name)) != MapNameFault::Blank)
+            return name->trimmed();
+    }
+}
+
 void MapEditor::FileOpen_Click()
 {
-    const auto name = forms::askText(
-        this, u"Open..."_s,
-        u"Which map? Say the game's folder and the map's name,\nlike %1castle"_s.arg(exampleFolder()),
-        m_fileName);
+    const auto name = askName(
+        u"Open..."_s, u"Which map? Say the game's folder and the map's name,\nlike %1castle"_s, m_fileName);
     if (!name)
         return;
-    loading = true;
-    const auto text = m_desk.installation().readText(below(*name));
-    const bool isWhole = text && m_map.fromText(*text);
-    for (int index = 0; index < colours; ++index) {
-        QLineEdit* const box = m_legend[static_cast<std::size_t>(index)];
-        box->setText(forms::fromUtf8(m_map.get_legend(index)));
-        box->setCursorPosition(0); // a long text shows its beginning
-    }
-    const QString background = forms::fromUtf8(m_map.get_background());
-    const bool backgroundFound = !text || background.isEmpty() || loadBackground(background);
-    Form_Resize();
-    loading = false;
-    if (text) {
-        m_squaresModified = false;
-        m_legendModified = false;
-        m_fileName = isWhole ? *name : QString();
-        mapOpened();
-    }
-    if (!text)
-        forms::tell(this,
+    const auto bytes = m_desk.installation().readBytes(belowGames(forms::toUtf8(*name)));
+    if (!bytes) {
+        forms::warn(this,
                     u"I could not open the map %1. Maybe it has another name, or it is gone."_s.arg(*name));
-    else if (!isWhole)
-        forms::tell(this,
+        return;
+    }
+    const bool isWhole = takeMap(*name, *bytes);
+    const bool backgroundFound = loadBackgroundOf(*name);
+    Form_Resize();
+    mapOpened();
+    if (!isWhole)
+        forms::warn(this,
                     u"I could not read the map %1 to its end. Its file seems to be damaged."_s.arg(*name));
     else if (!backgroundFound)
-        forms::tell(this, u"I could not open the picture %1, which belongs to this map."_s.arg(background));
+        forms::warn(this, u"I could not open the picture %1, which belongs to this map."_s.arg(
+                              forms::fromUtf8(map().get_background())));
+}
+
+bool MapEditor::takeMap(const QString& name, std::string_view bytes)
+{
+    const bool isWhole = m_painting.load(decodeText(bytes));
+    m_fileName = isWhole ? name : QString();
+    m_fileStamp = FileStamp(bytes);
+    showLegend();
+    return isWhole;
+}
+
+void MapEditor::showLegend()
+{
+    const QScopedValueRollback loading(m_loading, true);
+    for (int index = 0; index < mapColorCount; ++index) {
+        QLineEdit* const box = m_legend[static_cast<std::size_t>(index)];
+        box->setText(forms::fromUtf8(map().get_legend(index)));
+        box->setCursorPosition(0); // a long text shows its beginning
+    }
 }
 
 void MapEditor::FileSave_Click()
 {
-    if (!m_map.hasGrid()) {
+    if (!map().hasGrid()) {
         forms::tell(this, u"There is no map to save yet. Make a new one first!"_s);
         return;
     }
-    const auto name = forms::askText(
-        this, u"Save as..."_s,
-        u"Where to? Say the game's folder and the map's name without spaces,\nlike %1castle"_s.arg(
-            exampleFolder()),
-        m_fileName);
-    if (!name)
+    const auto name = askName(
+        u"Save as..."_s,
+        u"Where to? Say the game's folder and the map's name without spaces,\nlike %1castle"_s, m_fileName);
+    if (!name || !mayBeSavedAs(*name))
         return;
-    if (isNoMap(*name) && m_desk.installation().isFile(below(*name))) {
-        forms::tell(
-            this, u"The file %1 of your game is not a map. Please give your map another name."_s.arg(*name));
-        return;
-    }
-    if (!m_desk.installation().write(below(*name), m_map.toText())) {
-        forms::tell(
+    const std::string bytes = map().toText();
+    if (!m_desk.installation().write(belowGames(forms::toUtf8(*name)), bytes)) {
+        forms::warn(
             this,
             u"I could not save the map %1. Maybe there is no such folder, the disk is full, or I am not "
             "allowed to write there. Your map is still here."_s.arg(*name));
         return;
     }
     m_fileName = *name;
-    m_squaresModified = false;
-    m_legendModified = false;
+    m_fileStamp = FileStamp(bytes);
+    m_painting.noteSaved();
     showTitle();
     forms::tell(this, *name + u" saved."_s);
 }
 
+bool MapEditor::mayBeSavedAs(const QString& name)
+{
+    const std::string path = belowGames(forms::toUtf8(name));
+    MapNameFault fault = faultOf(forms::toUtf8(name));
+    if (fault != MapNameFault::LeadsOut && holdsNoMap(m_desk.installation(), path))
+        fault = MapNameFault::GameFile;
+    if (fault == MapNameFault::None)
+        return mayReplace(path);
+    forms::tell(this, reasonAgainst(fault, name, exampleFolder() + u"castle"_s));
+    return false;
+}
+
+bool MapEditor::mayReplace(const std::string& productPath)
+{
+    const auto place = m_desk.installation().find(productPath);
+    const bool wasSeen = place && place == m_desk.installation().find(belowGames(forms::toUtf8(m_fileName)));
+    return wasSeen ? forms::mayReplace(this, m_desk, productPath, m_fileStamp) : m_desk.mayChangeGame(this);
+}
+
 void MapEditor::ViewBackground_Click()
 {
-    const auto name = forms::askText(this, u"Enter background filename"_s,
-                                     u"Which picture? Say the game's folder and the picture's name,\n"
-                                     "like %1sky.bmp"_s.arg(exampleFolder()),
-                                     forms::fromUtf8(m_map.get_background()));
+    const auto name =
+        askName(u"Enter background filename"_s,
+                u"Which picture? Say the game's folder and the picture's name,\nlike %1sky.bmp"_s,
+                forms::fromUtf8(map().get_background()));
     if (!name)
         return;
-    if (!loadBackground(*name)) {
-        forms::tell(
+    if (!loadBackground(belowGames(forms::toUtf8(*name)))) {
+        forms::warn(
             this,
             u"I could not open the picture %1. Maybe it has another name, or it is no picture."_s.arg(*name));
         return;
     }
-    m_map.set_background(forms::toUtf8(*name));
-    m_legendModified = true;
+    m_painting.setBackground(forms::toUtf8(*name));
     showTitle();
     Form_Resize();
 }
 
-bool MapEditor::loadBackground(const QString& name)
+/// The picture that the map names; a game that has moved to another folder has it beside its map.
+bool MapEditor::loadBackgroundOf(const QString& mapName)
 {
-    const auto file = m_desk.installation().find(below(name));
+    const std::string& picture = map().get_background();
+    return picture.empty() || loadBackground(belowGames(picture)) ||
+           loadBackground(besideMap(forms::toUtf8(mapName), picture));
+}
+
+bool MapEditor::loadBackground(const std::string& productPath)
+{
+    const auto file = m_desk.installation().find(productPath);
     auto picture = file ? m_desk.pictures().read(*file) : std::nullopt;
     if (!picture)
         return false;

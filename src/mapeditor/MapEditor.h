@@ -1,12 +1,19 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include "forms/Desk.h"
+#include "mapeditor/MapPainting.h"
+#include "platform/FileStamp.h"
 #include "platform/Surface.h"
-#include "runtime/ZBMap.h"
 
 #include <QMainWindow>
 
 #include <array>
+#include <optional>
+#include <string>
+#include <string_view>
 
 class ColorSwatch;
 class MapCanvas;
@@ -21,17 +28,15 @@ namespace forms
 class PictureArea;
 }
 
-/// Paints coloured maps square by square. Maps are named relative to the folder of the games, so that a game
+/// Paints colored maps square by square. Maps are named relative to the folder of the games, so that a game
 /// finds a map that was saved as its folder's name, a backslash and a name.
 class MapEditor : public QMainWindow
 {
     Q_OBJECT
 public:
-    static constexpr int colours = 7;
-
     explicit MapEditor(Desk& desk);
 
-    const ZBMap& map() const { return m_map; }
+    const ZBMap& map() const { return m_painting.map(); }
 
     void Form_Load();
     void Form_Resize();
@@ -56,28 +61,31 @@ private:
     QFrame* makeNewMapPanel(QWidget* parent);
     QWidget* makeSide();
 
-    /// Paints one square; false where that changed nothing.
-    bool drawOn(int column, int row);
-    bool drawStroke(int column, int row);
+    Brush brush() const;
     void RedrawMap();
-    QString exampleFolder() const;
-    bool loadBackground(const QString& name);
     void scaleBackground();
+    void placeNewMapPanel();
+    void showTitle();
+    void showLegend();
     /// A map is there from now on.
     void mapOpened();
-    void showTitle();
-    void placeNewMapPanel();
+
+    QString exampleFolder() const;
+    std::optional<QString> askName(const QString& title, const QString& prompt, const QString& start);
+    /// Whether a map may be saved under the name; else the user has been told why not.
+    bool mayBeSavedAs(const QString& name);
+    bool mayReplace(const std::string& productPath);
+    /// Takes the map out of the bytes of its file; false where they are damaged.
+    bool takeMap(const QString& name, std::string_view bytes);
+    bool loadBackground(const std::string& productPath);
+    bool loadBackgroundOf(const QString& mapName);
 
     Desk& m_desk;
-    ZBMap m_map;
-    std::int16_t currentColor = 0;
-    bool mouseDown = false;
-    std::int32_t lastColumn = -1;
-    std::int32_t lastRow = -1;
-    bool loading = false;
-    bool m_squaresModified = false;
-    bool m_legendModified = false; ///< the legend or the background: both outlive a new map
+    MapPainting m_painting;
+    int m_currentColor = 0;
+    bool m_loading = false;
     QString m_fileName;
+    FileStamp m_fileStamp; ///< what the file of that name held
 
     Surface m_picture; ///< what the display shows
     Surface m_backgroundPicture;
@@ -91,6 +99,6 @@ private:
     QComboBox* m_sizes = nullptr;
     QCheckBox* m_delete = nullptr;
     QCheckBox* m_onlyCurrent = nullptr;
-    std::array<ColorSwatch*, colours> m_swatches = {};
-    std::array<QLineEdit*, colours> m_legend = {};
+    std::array<ColorSwatch*, mapColorCount> m_swatches = {};
+    std::array<QLineEdit*, mapColorCount> m_legend = {};
 };

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "platform/Installation.h"
 
 #include "platform/TextFile.h"
@@ -10,37 +13,25 @@ namespace fs = std::filesystem;
 namespace
 {
 
-/// The parts of a product path; nothing where it is empty or has an empty or "." part.
-std::optional<std::vector<std::string_view>> partsOf(std::string_view productPath)
-{
-    if (productPath.find('\0') != std::string_view::npos)
-        return std::nullopt;
-    std::vector<std::string_view> parts;
-    for (std::size_t start = 0;;) {
-        const std::size_t end = std::min(productPath.find_first_of("\\/", start), productPath.size());
-        const std::string_view part = productPath.substr(start, end - start);
-        if (part.empty() || part == ".")
-            return std::nullopt;
-        parts.push_back(part);
-        if (end == productPath.size())
-            return parts;
-        start = end + 1;
-    }
-}
+struct Entry {
+    fs::path path;
+    bool isLink;
+};
 
 /// The entry of `folder` named `name` in any case; the exact spelling comes first.
-std::optional<fs::path> entryOf(const fs::path& folder, std::string_view name)
+std::optional<Entry> entryOf(const fs::path& folder, std::string_view name)
 {
     std::error_code error;
     fs::path exact = folder / fs::path(std::string(name));
-    if (fs::exists(fs::symlink_status(exact, error)))
-        return exact;
+    if (const auto status = fs::symlink_status(exact, error); fs::exists(status))
+        return Entry{std::move(exact), fs::is_symlink(status)};
     const std::string wanted = lowerCase(name);
-    std::optional<fs::path> best;
+    std::optional<Entry> best;
     for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
         // Several spellings side by side: always the same one, whatever order the folder is read in.
-        if (lowerCase(entry->path().filename().string()) == wanted && (!best || entry->path() < *best))
-            best = entry->path();
+        std::error_code ignored;
+        if (lowerCase(entry->path().filename().string()) == wanted && (!best || entry->path() < best->path))
+            best = Entry{entry->path(), entry->is_symlink(ignored)};
     }
     return best;
 }
@@ -68,7 +59,7 @@ Installation::Installation(const fs::path& root)
 
 std::optional<fs::path> Installation::walk(std::string_view productPath, bool lastMayBeNew) const
 {
-    const auto parts = partsOf(productPath);
+    const auto parts = partsOfProductPath(productPath);
     if (!parts)
         return std::nullopt;
     fs::path at = m_root;
@@ -84,14 +75,15 @@ std::optional<fs::path> Installation::walk(std::string_view productPath, bool la
             continue;
         }
         ++depth;
-        if (auto entry = entryOf(at, part))
-            at = *entry;
+        const auto entry = entryOf(at, part);
+        if (entry)
+            at = entry->path;
         else if (lastMayBeNew && i + 1 == parts->size() && fs::is_directory(at, error))
             return at / fs::path(std::string(part));
         else
             return std::nullopt;
         // A link that leads out of the installation names nothing.
-        if (fs::is_symlink(at, error)) {
+        if (entry->isLink) {
             const fs::path real = fs::canonical(at, error);
             if (error || !isBelow(real, m_root))
                 return std::nullopt;
@@ -132,7 +124,8 @@ std::vector<std::string> Installation::list(std::string_view folder) const
         return names;
     std::error_code error;
     for (fs::directory_iterator entry(*path, error), end; !error && entry != end; entry.increment(error))
-        names.push_back(entry->path().filename().string());
+        if (std::string name = entry->path().filename().string(); !isTemporaryName(name))
+            names.push_back(std::move(name));
     return names;
 }
 
@@ -146,22 +139,16 @@ std::vector<std::string> Installation::listFiles(std::string_view folder, std::s
     for (fs::directory_iterator entry(*path, error), end; !error && entry != end; entry.increment(error)) {
         std::string name = entry->path().filename().string();
         std::error_code ignored;
-        if (matchesPattern(name, pattern) && entry->is_regular_file(ignored))
+        if (matchesPattern(name, pattern) && !isTemporaryName(name) && entry->is_regular_file(ignored))
             names.push_back(std::move(name));
     }
     return names;
 }
 
-std::optional<std::string> Installation::readBytes(std::string_view productPath, std::uintmax_t limit) const
+std::optional<std::string> Installation::load(std::string_view productPath, std::uintmax_t limit) const
 {
     const auto path = find(productPath);
     return path ? readFileBytes(*path, limit) : std::nullopt;
-}
-
-std::optional<std::string> Installation::readText(std::string_view productPath, std::uintmax_t limit) const
-{
-    const auto bytes = readBytes(productPath, limit);
-    return bytes ? std::optional(decodeText(*bytes)) : std::nullopt;
 }
 
 bool Installation::write(std::string_view productPath, std::string_view bytes) const
@@ -169,6 +156,28 @@ bool Installation::write(std::string_view productPath, std::string_view bytes) c
     const auto path = place(productPath);
     std::error_code error;
     return path && !fs::is_directory(*path, error) && writeFileWhole(*path, bytes);
+}
+
+bool Installation::writePair(std::string_view firstPath, std::string_view firstBytes,
+                             std::string_view secondPath, std::string_view secondBytes) const
+{
+    const auto first = place(firstPath);
+    const auto second = place(secondPath);
+    std::error_code error;
+    if (!first || !second || fs::is_directory(*first, error) || fs::is_directory(*second, error))
+        return false;
+    const bool wasThere = fs::exists(*first, error);
+    const auto old = wasThere ? readFileBytes(*first, maximumFileSize) : std::nullopt;
+    if (wasThere && !old)
+        return false; // it could not be brought back
+    FileReplacement newFirst(*first, firstBytes);
+    FileReplacement newSecond(*second, secondBytes);
+    if (!newFirst.isReady() || !newSecond.isReady() || !newFirst.takePlace())
+        return false;
+    if (newSecond.takePlace())
+        return true;
+    [[maybe_unused]] const bool restored = old ? writeFileWhole(*first, *old) : fs::remove(*first, error);
+    return false;
 }
 
 bool Installation::makeFolder(std::string_view productPath) const
@@ -183,33 +192,4 @@ bool Installation::remove(std::string_view productPath) const
     const auto path = find(productPath);
     std::error_code error;
     return path && fs::remove(*path, error);
-}
-
-bool matchesPattern(std::string_view name, std::string_view pattern)
-{
-    if (pattern == "*.*")
-        return true;
-    const std::string text = lowerCase(name);
-    const std::string wanted = lowerCase(pattern);
-    std::size_t at = 0;
-    std::size_t want = 0;
-    std::size_t starAt = 0;
-    std::size_t starWant = std::string::npos;
-    while (at < text.size()) {
-        if (want < wanted.size() && wanted[want] == '*') {
-            starWant = ++want;
-            starAt = at;
-        } else if (want < wanted.size() && (wanted[want] == '?' || wanted[want] == text[at])) {
-            ++at;
-            ++want;
-        } else if (starWant != std::string::npos) {
-            want = starWant;
-            at = ++starAt;
-        } else {
-            return false;
-        }
-    }
-    while (want < wanted.size() && wanted[want] == '*')
-        ++want;
-    return want == wanted.size();
 }

@@ -1,18 +1,11 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "platform/NumberText.h"
 
 #include <array>
 #include <charconv>
 #include <limits>
-
-std::string_view trimBlanks(std::string_view text)
-{
-    const auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
-    while (!text.empty() && isBlank(text.front()))
-        text.remove_prefix(1);
-    while (!text.empty() && isBlank(text.back()))
-        text.remove_suffix(1);
-    return text;
-}
 
 void appendGeneralNumber(std::string& out, double value)
 {
@@ -25,13 +18,6 @@ void appendGeneralNumber(std::string& out, double value)
         std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::general, 15);
     for (const char* c = buffer.data(); c != end.ptr; ++c)
         out += *c >= 'a' && *c <= 'z' ? static_cast<char>(*c - 'a' + 'A') : *c;
-}
-
-std::string generalNumber(double value)
-{
-    std::string out;
-    appendGeneralNumber(out, value);
-    return out;
 }
 
 std::string fixedNumber(double value)
@@ -59,16 +45,12 @@ void appendPadded(std::string& out, std::int32_t number, int digits)
 namespace
 {
 
-bool isDigit(char c)
-{
-    return c >= '0' && c <= '9';
-}
-
 /// The leading decimal number of a text, taken apart: 0.d1d2d3... times ten to the power `point`.
 struct Decimal {
     bool negative = false;
     std::string digits;
     std::int64_t point = 0;
+    std::size_t length = 0; ///< of the text that it takes
 };
 
 Decimal leadingDecimal(std::string_view text)
@@ -84,6 +66,7 @@ Decimal leadingDecimal(std::string_view text)
     if (at < text.size() && text[at] == '.')
         for (++at; at < text.size() && isDigit(text[at]); ++at)
             number.digits += text[at];
+    number.length = at;
     if (at < text.size() && (text[at] == 'e' || text[at] == 'E')) {
         std::size_t digit = at + 1;
         bool negativeExponent = false;
@@ -94,6 +77,8 @@ Decimal leadingDecimal(std::string_view text)
             if (exponent < 1'000'000'000'000)
                 exponent = exponent * 10 + (text[digit] - '0');
         number.point += negativeExponent ? -exponent : exponent;
+        if (isDigit(text[digit - 1]))
+            number.length = digit;
     }
     return number;
 }
@@ -146,6 +131,11 @@ double toDouble(const Decimal& number)
 double leadingNumber(std::string_view text)
 {
     return toDouble(leadingDecimal(text));
+}
+
+std::size_t leadingNumberLength(std::string_view text)
+{
+    return leadingDecimal(text).length;
 }
 
 double leadingNumberToNinePlaces(std::string_view text)

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include <cmath>
@@ -7,7 +10,13 @@
 /// The nearest whole number, halves to the even neighbour. Never changes the rounding mode.
 inline double roundHalfEven(double value)
 {
-    return std::nearbyint(value); // round-to-nearest-even is the mode every program starts in
+    // Round-to-nearest-even is the mode every program starts in: where only whole numbers are left between
+    // doubles, an addition rounds by itself, and no call of the C library is needed.
+    constexpr double wholeFromHere = 0x1.8p52;
+    constexpr double inReach = 0x1p51;
+    if (std::abs(value) < inReach)
+        return (value + wholeFromHere) - wholeFromHere;
+    return std::nearbyint(value);
 }
 
 /// As roundHalfEven, as a 32-bit integer; values out of range are cut to the nearest one that fits.

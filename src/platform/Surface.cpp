@@ -1,22 +1,25 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "platform/Surface.h"
 
 #include <algorithm>
 
-Surface::Surface(int width, int height, Pixel colour)
+Surface::Surface(int width, int height, Pixel color)
 {
-    reset(width, height, colour);
+    reset(width, height, color);
 }
 
-void Surface::fill(Pixel colour)
+void Surface::fill(Pixel color)
 {
-    std::ranges::fill(m_pixels, colour);
+    std::ranges::fill(m_pixels, color);
 }
 
-void Surface::reset(int width, int height, Pixel colour)
+void Surface::reset(int width, int height, Pixel color)
 {
     m_width = std::max(width, 0);
     m_height = std::max(height, 0);
-    m_pixels.assign(static_cast<std::size_t>(m_width) * static_cast<std::size_t>(m_height), colour);
+    m_pixels.assign(static_cast<std::size_t>(m_width) * static_cast<std::size_t>(m_height), color);
 }
 
 void stretch(Surface& to, const Surface& from)

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include <cstdint>
@@ -11,35 +14,26 @@ inline constexpr Pixel opaqueBits = 0xff000000U;
 inline constexpr Pixel black = opaqueBits;
 inline constexpr Pixel white = 0xffffffffU;
 
-/// A colour from its red, green and blue parts, 0 to 255 each.
+/// A color from its red, green and blue parts, 0 to 255 each.
 constexpr Pixel rgb(unsigned red, unsigned green, unsigned blue)
 {
     return opaqueBits | (red << 16U) | (green << 8U) | blue;
 }
-
-struct Rect {
-    int x = 0;
-    int y = 0;
-    int width = 0;
-    int height = 0;
-
-    bool operator==(const Rect&) const = default;
-};
 
 /// A picture in memory: width x height pixels, row by row from the top, without padding.
 class Surface
 {
 public:
     Surface() = default;
-    /// A surface of `width` x `height` pixels in one colour; negative sizes count as 0.
-    Surface(int width, int height, Pixel colour = white);
+    /// A surface of `width` x `height` pixels in one color; negative sizes count as 0.
+    Surface(int width, int height, Pixel color = white);
 
     int width() const { return m_width; }
     int height() const { return m_height; }
     bool isNull() const { return m_pixels.empty(); }
 
     Pixel at(int x, int y) const { return m_pixels[index(x, y)]; }
-    void set(int x, int y, Pixel colour) { m_pixels[index(x, y)] = colour; }
+    void set(int x, int y, Pixel color) { m_pixels[index(x, y)] = color; }
     std::span<Pixel> row(int y) { return {m_pixels.data() + index(0, y), static_cast<std::size_t>(m_width)}; }
     std::span<const Pixel> row(int y) const
     {
@@ -48,10 +42,10 @@ public:
     std::span<Pixel> pixels() { return m_pixels; }
     std::span<const Pixel> pixels() const { return m_pixels; }
 
-    /// Gives every pixel the same colour.
-    void fill(Pixel colour);
-    /// Takes a new size and clears to one colour; memory is kept where it suffices.
-    void reset(int width, int height, Pixel colour = white);
+    /// Gives every pixel the same color.
+    void fill(Pixel color);
+    /// Takes a new size and clears to one color; memory is kept where it suffices.
+    void reset(int width, int height, Pixel color = white);
 
     bool operator==(const Surface&) const = default;
 

@@ -1,12 +1,12 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "platform/TextFile.h"
 
+#include "platform/CaseTable.h"
+
 #include <array>
-#include <cerrno>
-#include <clocale>
-#include <cwctype>
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
+#include <bit>
 
 namespace
 {
@@ -83,11 +83,42 @@ constexpr std::array<char32_t, 32> windows1252 = {
     0x2039, 0x0152, 0x8d,   0x017d, 0x8f,   0x90,   0x2018, 0x2019, 0x201c, 0x201d, 0x2022,
     0x2013, 0x2014, 0x02dc, 0x2122, 0x0161, 0x203a, 0x0153, 0x9d,   0x017e, 0x0178};
 
-/// Case tables of Unicode that do not depend on how the machine is set up.
-locale_t unicodeLocale()
+std::string decodeWindows1252(std::string_view bytes)
 {
-    static const locale_t locale = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
-    return locale;
+    std::string out;
+    out.reserve(bytes.size() + bytes.size() / 8);
+    for (const char c : bytes) {
+        const auto byte = static_cast<unsigned char>(c);
+        appendUtf8(out, byte >= 0x80 && byte < 0xa0 ? windows1252.at(byte - 0x80U) : byte);
+    }
+    return out;
+}
+
+/// `bytes` without their byte order mark; half a pair of surrogates and half a unit become U+FFFD.
+std::string decodeUtf16(std::string_view bytes, std::endian order)
+{
+    constexpr char32_t replacement = 0xfffd;
+    const auto unit = [&](std::size_t at) -> char32_t {
+        if (at + 1 >= bytes.size())
+            return replacement;
+        const char32_t first = static_cast<unsigned char>(bytes[at]);
+        const char32_t second = static_cast<unsigned char>(bytes[at + 1]);
+        return order == std::endian::big ? (first << 8U) | second : (second << 8U) | first;
+    };
+    std::string out;
+    out.reserve(bytes.size());
+    for (std::size_t at = 0; at < bytes.size(); at += 2) {
+        const char32_t code = unit(at);
+        const char32_t next = unit(at + 2);
+        const bool isSurrogate = code >= 0xd800 && code <= 0xdfff;
+        if (code <= 0xdbff && isSurrogate && next >= 0xdc00 && next <= 0xdfff) {
+            appendUtf8(out, 0x10000U + ((code - 0xd800U) << 10U) + (next - 0xdc00U));
+            at += 2;
+        } else {
+            appendUtf8(out, isSurrogate ? replacement : code);
+        }
+    }
+    return out;
 }
 
 template<typename Convert> void convertCase(std::string& out, std::string_view utf8, Convert convert)
@@ -101,64 +132,6 @@ template<typename Convert> void convertCase(std::string& out, std::string_view u
         appendUtf8(out, convert(decodeSequence(utf8, at, length)));
         at += length;
     }
-}
-
-char32_t toLower(char32_t code)
-{
-    if (code < 0x80)
-        return code >= 'A' && code <= 'Z' ? code + ('a' - 'A') : code;
-    const locale_t locale = unicodeLocale();
-    return locale ? static_cast<char32_t>(towlower_l(static_cast<wint_t>(code), locale)) : code;
-}
-
-char32_t toUpper(char32_t code)
-{
-    if (code < 0x80)
-        return code >= 'a' && code <= 'z' ? code - ('a' - 'A') : code;
-    const locale_t locale = unicodeLocale();
-    return locale ? static_cast<char32_t>(towupper_l(static_cast<wint_t>(code), locale)) : code;
-}
-
-/// A file descriptor that closes itself.
-class Descriptor
-{
-public:
-    explicit Descriptor(int handle)
-        : m_handle(handle)
-    {
-    }
-    ~Descriptor()
-    {
-        if (m_handle >= 0)
-            ::close(m_handle);
-    }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-
-    bool isOpen() const { return m_handle >= 0; }
-    int get() const { return m_handle; }
-    bool close()
-    {
-        const int handle = m_handle;
-        m_handle = -1;
-        return ::close(handle) == 0;
-    }
-
-private:
-    int m_handle;
-};
-
-bool writeAll(int handle, std::string_view bytes)
-{
-    while (!bytes.empty()) {
-        const ssize_t written = ::write(handle, bytes.data(), bytes.size());
-        if (written < 0 && errno == EINTR)
-            continue;
-        if (written <= 0)
-            return false;
-        bytes.remove_prefix(static_cast<std::size_t>(written));
-    }
-    return true;
 }
 
 } // namespace
@@ -182,13 +155,11 @@ std::string decodeText(std::string_view bytes)
             bytes.remove_prefix(byteOrderMark.size());
         return std::string(bytes);
     }
-    std::string out;
-    out.reserve(bytes.size() + bytes.size() / 8);
-    for (const char c : bytes) {
-        const auto byte = static_cast<unsigned char>(c);
-        appendUtf8(out, byte >= 0x80 && byte < 0xa0 ? windows1252.at(byte - 0x80U) : byte);
-    }
-    return out;
+    if (bytes.starts_with("\xff\xfe"))
+        return decodeUtf16(bytes.substr(2), std::endian::little);
+    if (bytes.starts_with("\xfe\xff"))
+        return decodeUtf16(bytes.substr(2), std::endian::big);
+    return decodeWindows1252(bytes);
 }
 
 std::vector<std::string_view> splitLines(std::string_view text)
@@ -220,7 +191,7 @@ std::string lowerCase(std::string_view utf8)
 {
     std::string out;
     out.reserve(utf8.size());
-    convertCase(out, utf8, toLower);
+    convertCase(out, utf8, lowerCaseOf);
     return out;
 }
 
@@ -234,59 +205,5 @@ std::string upperCase(std::string_view utf8)
 
 void appendUpperCase(std::string& out, std::string_view utf8)
 {
-    convertCase(out, utf8, toUpper);
-}
-
-std::optional<std::string> readFileBytes(const std::filesystem::path& file, std::uintmax_t limit)
-{
-    // Not blocking, so that a pipe that somebody left in a game folder cannot hold the program up.
-    const Descriptor descriptor(::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-    struct stat status {
-    };
-    if (!descriptor.isOpen() || ::fstat(descriptor.get(), &status) != 0 || !S_ISREG(status.st_mode) ||
-        static_cast<std::uintmax_t>(status.st_size) > limit)
-        return std::nullopt;
-    std::string bytes(static_cast<std::size_t>(status.st_size), '\0');
-    std::size_t filled = 0;
-    while (filled < bytes.size()) {
-        const ssize_t count = ::read(descriptor.get(), bytes.data() + filled, bytes.size() - filled);
-        if (count < 0 && errno == EINTR)
-            continue;
-        if (count < 0)
-            return std::nullopt;
-        if (count == 0)
-            break; // it has become shorter meanwhile
-        filled += static_cast<std::size_t>(count);
-    }
-    bytes.resize(filled);
-    return bytes;
-}
-
-bool writeFileWhole(const std::filesystem::path& file, std::string_view bytes)
-{
-    // A file that may not be written is not replaced behind its owner's back.
-    if (::access(file.c_str(), F_OK) == 0 && ::access(file.c_str(), W_OK) != 0)
-        return false;
-    std::string temporary = file.string() + ".XXXXXX";
-    Descriptor descriptor(::mkostemp(temporary.data(), O_CLOEXEC));
-    if (!descriptor.isOpen())
-        return false;
-    struct stat old {
-    };
-    const bool replaces = ::stat(file.c_str(), &old) == 0;
-    const mode_t mask = ::umask(0);
-    ::umask(mask);
-    const mode_t mode = replaces ? old.st_mode & 07777U : 0666U & ~mask;
-    if (!writeAll(descriptor.get(), bytes) || ::fchmod(descriptor.get(), mode) != 0 ||
-        ::fsync(descriptor.get()) != 0 || !descriptor.close() ||
-        ::rename(temporary.c_str(), file.c_str()) != 0) {
-        ::unlink(temporary.c_str());
-        return false;
-    }
-    // The new name must reach the disk too; where a folder cannot be synced, the file itself is safe all the
-    // same.
-    const Descriptor folder(::open(file.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (folder.isOpen())
-        ::fsync(folder.get());
-    return true;
+    convertCase(out, utf8, upperCaseOf);
 }

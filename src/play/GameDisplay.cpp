@@ -1,4 +1,9 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "play/GameDisplay.h"
+
+#include "runtime/world/Field.h"
 
 #include <QKeyEvent>
 #include <QTimer>
@@ -14,6 +19,7 @@ namespace
 // In milliseconds.
 constexpr qint64 shortestTap = 40; // a frame at full speed and a little more
 constexpr qint64 repeatWait = 5;
+constexpr qint64 longestClick = 2000; // from the press that takes the focus to the click on Pause
 
 } // namespace
 
@@ -22,7 +28,7 @@ GameDisplay::GameDisplay(QWidget* parent)
 {
     setAccessibleName(QStringLiteral("The running game"));
     setFocusPolicy(Qt::StrongFocus);
-    setFixedSize(sideLength, sideLength);
+    setFixedSize(fieldSize, fieldSize);
 }
 
 void GameDisplay::keyPressEvent(QKeyEvent* event)
@@ -71,12 +77,24 @@ void GameDisplay::letGo(const QKeyEvent& release)
 
 void GameDisplay::focusOutEvent(QFocusEvent* event)
 {
-    releaseKeys();
+    m_away = true;
+    if (!m_holding) {
+        m_lost = releaseKeys();
+        m_sinceLost.start();
+    }
     forms::PictureArea::focusOutEvent(event);
+}
+
+void GameDisplay::focusInEvent(QFocusEvent* event)
+{
+    m_away = false;
+    forms::PictureArea::focusInEvent(event);
 }
 
 void GameDisplay::hideEvent(QHideEvent* event)
 {
+    m_holding = false;
+    m_lost.clear();
     releaseKeys();
     forms::PictureArea::hideEvent(event);
 }
@@ -86,9 +104,31 @@ bool GameDisplay::focusNextPrevChild(bool /*next*/)
     return false; // Tab is a key of the game
 }
 
-void GameDisplay::releaseKeys()
+std::vector<int> GameDisplay::releaseKeys()
 {
     m_times.clear();
-    for (const int code : m_keys.releaseAll())
+    std::vector<int> codes = m_keys.releaseAll();
+    for (const int code : codes)
         Q_EMIT keyUp(code, 0);
+    return codes;
+}
+
+void GameDisplay::holdKeys()
+{
+    if (std::exchange(m_holding, true))
+        return;
+    if (!m_away || m_sinceLost.hasExpired(longestClick))
+        m_lost.clear(); // those were let go for another reason than the pause
+    for (const int code : m_lost)
+        Q_EMIT keyDown(code, 0);
+}
+
+void GameDisplay::letKeysGo()
+{
+    if (!std::exchange(m_holding, false))
+        return;
+    for (const int code : std::exchange(m_lost, {}))
+        Q_EMIT keyUp(code, 0);
+    if (m_away)
+        releaseKeys();
 }

@@ -1,9 +1,15 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
-#include "forms/Forms.h"
 #include "forms/KeyCodes.h"
+#include "forms/PictureArea.h"
+
+#include <QElapsedTimer>
 
 #include <unordered_map>
+#include <vector>
 
 /// The picture in which a game is seen, and the keyboard's way into the game. Takes every key, Tab included.
 /// When it loses the focus all its keys go up, so that none sticks.
@@ -17,7 +23,11 @@ class GameDisplay : public forms::PictureArea
 public:
     explicit GameDisplay(QWidget* parent = nullptr);
 
-    static constexpr int sideLength = 480;
+    /// The keys that are down, and those that went up because the focus has just gone to a button, stay down
+    /// until letKeysGo, so that a paused game can be stepped through with them.
+    void holdKeys();
+    /// Only the keys that are really down are down from here on.
+    void letKeysGo();
 
 Q_SIGNALS:
     void keyDown(int keyCode, int shift);
@@ -26,6 +36,7 @@ Q_SIGNALS:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     bool focusNextPrevChild(bool next) override;
@@ -37,8 +48,12 @@ private:
     };
 
     void letGo(const QKeyEvent& release);
-    void releaseKeys();
+    std::vector<int> releaseKeys();
 
     forms::HeldKeys m_keys;
+    std::vector<int> m_lost; ///< the codes of keys that went up with the focus
+    QElapsedTimer m_sinceLost;
+    bool m_away = false; ///< the focus is elsewhere
+    bool m_holding = false;
     std::unordered_map<quint32, Key> m_times; ///< of the keys that are down, by their place on the keyboard
 };

@@ -1,22 +1,28 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "play/GameEditor.h"
 
-#include "forms/Forms.h"
-#include "runtime/ZBContext.h"
+#include "forms/ActionRow.h"
+#include "forms/Icons.h"
+#include "forms/MessageBoxes.h"
+#include "forms/PlaceWindow.h"
+#include "forms/Style.h"
+#include "forms/Texts.h"
+#include "forms/WindowPlacement.h"
 #include "runtime/ZBInterpreter.h"
+#include "runtime/world/Field.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QCloseEvent>
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPointer>
 #include <QRandomGenerator>
-#include <QScopedValueRollback>
 #include <QScreen>
 #include <QSlider>
 #include <QToolButton>
 #include <QVBoxLayout>
-#include <QWindow>
 
 #include <algorithm>
 #include <array>
@@ -28,17 +34,12 @@ constexpr int gap = 8;
 constexpr int margin = 12;
 constexpr int fastest = 1800;
 constexpr int haltRetry = 200;
-constexpr int closeRetry = 20;
 
 } // namespace
 
 struct GameEditor::ButtonRow {
     QToolButton* GameEditor::*button;
-    const char* name;
-    const char* icon;
-    const char16_t* caption;
-    const char16_t* tip;
-    Handler clicked;
+    forms::ActionOf<GameEditor> action;
 };
 
 GameEditor::GameEditor(Desk& desk)
@@ -55,9 +56,6 @@ GameEditor::GameEditor(Desk& desk)
     m_haltMeAgain->setObjectName(QStringLiteral("HaltMeAgain"));
     m_haltMeAgain->setInterval(haltRetry);
     m_haltMeAgain->callOnTimeout(this, &GameEditor::HaltMeAgain_Timer);
-    m_closeAgain.setSingleShot(true);
-    m_closeAgain.setInterval(closeRetry);
-    m_closeAgain.callOnTimeout(this, &GameEditor::CloseAgain_Timer);
 
     Form_Load();
     GameEditor::setButtons(RunButtons::Stopped);
@@ -75,33 +73,25 @@ void GameEditor::Form_Load()
     showTitle();
     m_desk.LogProgress(QStringLiteral("GameEditor.Form_Load: loading code editor"));
     m_codeEditor = m_desk.createCodeEditor();
-    place(*this, Where::Corner);
+    forms::placeWindow(*this);
     if (QWidget* code = m_codeEditor->widget())
-        place(*code, Where::Right);
+        forms::placeWindow(*code);
     ZB& module = m_desk.module();
     m_spy = std::make_unique<SpyWindow>(*m_codeEditor);
     m_parseError = std::make_unique<ParseError>(module, *m_codeEditor);
-    m_interpreter = std::make_unique<ZBInterpreter>(
-        module, m_desk.installation(), m_desk.pictures(),
-        Ports{m_gameWindow, *this, *m_codeEditor, *m_spy, *m_parseError, m_user});
+    m_interpreter = std::make_unique<ZBInterpreter>(module, m_desk.installation(), m_desk.pictures(),
+                                                    Ports{.screen = m_gameWindow,
+                                                          .gameEditor = *this,
+                                                          .codeEditor = *m_codeEditor,
+                                                          .spy = *m_spy,
+                                                          .parseError = *m_parseError});
     m_gameWindow.attach(*m_interpreter);
-    connect(&m_gameWindow, &GameWindow::aboutToShow, this, [this] { place(m_gameWindow, Where::Below); });
-    connect(m_parseError.get(), &ParseError::aboutToShow, this, [this] {
-        const QWidget* code = m_codeEditor->widget();
-        place(*m_parseError,
-              code != nullptr && code->y() > geometry().bottom() ? Where::Right : Where::Below);
-        // The code editor comes up too, perhaps as large as the screen: the message stays above it.
-        if (code != nullptr) {
-            m_parseError->winId(); // makes its handle
-            m_parseError->windowHandle()->setTransientParent(code->windowHandle());
-        }
+    connect(&m_gameWindow, &GameWindow::told, this, [this] {
+        if (m_closing == Closing::Telling)
+            close();
     });
-    // The desktop forgets that the two belong together when the code editor is hidden for a run.
-    connect(qGuiApp, &QGuiApplication::focusWindowChanged, m_parseError.get(),
-            [message = m_parseError.get(), code = QPointer(m_codeEditor->widget())](const QWindow* focused) {
-                if (code && focused != nullptr && focused == code->windowHandle() && message->isVisible())
-                    message->raise();
-            });
+    connect(&m_gameWindow, &GameWindow::aboutToShow, this, [this] { forms::placeWindow(m_gameWindow); });
+    m_parseError->accompany(m_codeEditor->widget());
     connect(m_spy.get(), &SpyWindow::traceBoxesChanged, this,
             [this] { m_interpreter->setTraceBoxes(m_spy->traceBoxes()); });
     m_desk.LogProgress(QStringLiteral("GameEditor.Form_Load: loading source code"));
@@ -121,14 +111,14 @@ void GameEditor::buildControls()
 {
     // clang-format off
     static constexpr std::array<ButtonRow, 8> buttons = {{
-        {&GameEditor::m_play, "PlayButton", "play", u"&Play", u"", &GameEditor::PlayButton_Click},
-        {&GameEditor::m_pause, "PauseButton", "pause", u"Pa&use", u"Pause Currently Running Game", &GameEditor::PauseButton_Click},
-        {&GameEditor::m_step, "StepButton", "step", u"S&tep", u"Step", &GameEditor::StepButton_Click},
-        {&GameEditor::m_stop, "StopButton", "stop", u"St&op", u"Stop Currently Running Game", &GameEditor::StopButton_Click},
-        {&GameEditor::m_codeWindow, "CodeWindowButton", "code", u"&Code", u"Show the Code Editor", &GameEditor::CodeWindowButton_Click},
-        {&GameEditor::m_propWindow, "PropWindowButton", "properties", u"Prop&erties", u"Show the Properties Window", &GameEditor::PropWindowButton_Click},
-        {&GameEditor::m_resWindow, "ResWindowButton", "resources", u"&Resources", u"Show the Resources Window", &GameEditor::ResWindowButton_Click},
-        {&GameEditor::m_spyWindow, "SpyWindowButton", "spy", u"Sp&y", u"Show the Spy Window", &GameEditor::SpyWindowButton_Click},
+        {&GameEditor::m_play, {{"PlayButton", "play", u"&Play", u""}, &GameEditor::PlayButton_Click}},
+        {&GameEditor::m_pause, {{"PauseButton", "pause", u"Pa&use", u"Pause Currently Running Game"}, &GameEditor::PauseButton_Click}},
+        {&GameEditor::m_step, {{"StepButton", "step", u"S&tep", u"Step"}, &GameEditor::StepButton_Click}},
+        {&GameEditor::m_stop, {{"StopButton", "stop", u"St&op", u"Stop Currently Running Game"}, &GameEditor::StopButton_Click}},
+        {&GameEditor::m_codeWindow, {{"CodeWindowButton", "code", u"&Code", u"Show the Code Editor"}, &GameEditor::CodeWindowButton_Click}},
+        {&GameEditor::m_propWindow, {{"PropWindowButton", "properties", u"Prop&erties", u"Show the Properties Window"}, &GameEditor::PropWindowButton_Click}},
+        {&GameEditor::m_resWindow, {{"ResWindowButton", "resources", u"&Resources", u"Show the Resources Window"}, &GameEditor::ResWindowButton_Click}},
+        {&GameEditor::m_spyWindow, {{"SpyWindowButton", "spy", u"Sp&y", u"Show the Spy Window"}, &GameEditor::SpyWindowButton_Click}},
     }};
     // clang-format on
     constexpr int runIcon = 40;
@@ -145,6 +135,13 @@ void GameEditor::buildControls()
     layout->addLayout(makeSpeed());
     layout->addWidget(m_showMap);
     layout->addLayout(makeButtons(buttons.data() + 4, buttons.data() + buttons.size(), windowIcon));
+    // Where the game would have no room beside them, the pictures have to do without their captions.
+    if (forms::fitBeside(sizeHint().width() + forms::windowGap, fieldSize, screen()->availableGeometry()))
+        return;
+    for (auto* button : findChildren<QToolButton*>()) {
+        button->setToolButtonStyle(Qt::ToolButtonIconOnly);
+        button->setMinimumWidth(0);
+    }
 }
 
 QLayout* GameEditor::makeButtons(const ButtonRow* first, const ButtonRow* last, int iconSize)
@@ -153,14 +150,9 @@ QLayout* GameEditor::makeButtons(const ButtonRow* first, const ButtonRow* last, 
     line->setSpacing(gap);
     int width = 0;
     for (const ButtonRow* row = first; row != last; ++row) {
-        auto* button = new QToolButton;
-        button->setText(QString::fromUtf16(row->caption));
-        forms::dressButton(*button, row->name, row->icon, QString::fromUtf16(row->tip));
-        button->setIconSize(QSize(iconSize, iconSize));
-        button->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
-        button->setFocusPolicy(Qt::StrongFocus);
+        auto* button = forms::makeToolButton(row->action, QSize(iconSize, iconSize), this);
         button->setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Preferred);
-        connect(button, &QToolButton::clicked, this, row->clicked);
+        connect(button, &QToolButton::clicked, this, row->action.handler);
         this->*row->button = button;
         line->addWidget(button);
         width = std::max(width, button->sizeHint().width());
@@ -198,39 +190,6 @@ QLayout* GameEditor::makeSpeed()
     return line;
 }
 
-void GameEditor::place(QWidget& window, Where where) const
-{
-    if (window.testAttribute(Qt::WA_Moved)) // the user's choice stays
-        return;
-    constexpr int titleBar = 36; // about what the desktop puts around a window
-    const QRect free = screen()->availableGeometry();
-    const QRect editor = geometry();
-    if (window.layout() != nullptr)
-        window.layout()->activate();
-    const QPoint beyond(editor.right() + 2 * margin, editor.bottom() + titleBar + margin);
-    const QPoint room = free.bottomRight() - beyond - QPoint(margin, titleBar);
-    const int lowest = free.height() - titleBar - margin;
-    if (window.height() > lowest && window.minimumSizeHint().height() <= lowest)
-        window.resize(window.width(), lowest);
-    if (where == Where::Right && room.x() >= window.minimumSizeHint().width()) {
-        window.resize(std::min(window.width(), room.x()), window.height());
-    } else if (where == Where::Right && room.y() >= window.height() * 3 / 5) {
-        window.resize(window.width(), std::min(window.height(), room.y())); // rather lower than half covered
-        where = Where::Below;
-    }
-    const bool covers = window.height() - room.y() > editor.height() / 2;
-    if (where == Where::Below && covers && free.right() - editor.right() >= window.width() + margin)
-        where = Where::Right; // the run buttons stay in sight
-    QPoint corner = free.topLeft() + QPoint(margin, margin);
-    if (where == Where::Right)
-        corner.setX(beyond.x());
-    if (where == Where::Below)
-        corner.setY(beyond.y());
-    const int right = std::max(free.left(), free.right() - window.width() - margin);
-    const int bottom = std::max(free.top(), free.bottom() - window.height() - titleBar);
-    window.move(std::min(corner.x(), right), std::min(corner.y(), bottom));
-}
-
 // ---- Run control
 
 void GameEditor::setButtons(RunButtons state)
@@ -262,6 +221,10 @@ void GameEditor::setButtons(RunButtons state)
         if (change.state == state)
             (this->*change.button)->setEnabled(change.on);
     }
+    if (state == paused)
+        m_gameWindow.holdKeys();
+    else
+        m_gameWindow.letKeysGo();
     m_play->setToolTip(state == paused ? QStringLiteral("Resume normal running") : QString());
 }
 
@@ -289,13 +252,13 @@ void GameEditor::PlayButton_Click()
         m_gameWindow.activateWindow(); // the keys are for the game again, as after its start
         return;
     }
-    // Starting lets window events in: a second click must not start a second run, nor one in the middle of a
-    // frame that has not come to its end.
-    if (m_starting || m_interpreter->inFrame() || m_closing == Closing::Stopping)
+    if (m_closing == Closing::Done)
         return;
-    const QScopedValueRollback starting(m_starting, true);
     m_interpreter->setSeed(QRandomGenerator::system()->generate64()); // chance falls anew in every run
-    m_interpreter->RunGame(m_codeEditor->text(), 1);
+    if (!m_interpreter->prepareRun(1))
+        return;
+    QCoreApplication::processEvents(); // a click on Stop, or on the cross of this window, counts now
+    m_gameWindow.follow(m_interpreter->startRun(m_codeEditor->text()));
 }
 
 void GameEditor::PauseButton_Click()
@@ -349,7 +312,8 @@ void GameEditor::ResWindowButton_Click()
 
 void GameEditor::SpyWindowButton_Click()
 {
-    place(*m_spy, Where::Right);
+    if (!m_spy->isVisible())
+        forms::placeWindow(*m_spy);
     forms::bringUp(*m_spy);
 }
 
@@ -359,10 +323,13 @@ void GameEditor::closeEvent(QCloseEvent* event)
 {
     if (m_closing == Closing::No) {
         m_closing = Closing::Asking; // the question lets other attempts in
-        m_closing = mayClose() ? Closing::Stopping : Closing::No;
-        endRun();
+        m_closing = mayClose() ? Closing::Telling : Closing::No;
     }
-    event->setAccepted(m_closing == Closing::Done); // not before the run has come to its end
+    if (m_closing == Closing::Telling && !m_gameWindow.isTelling()) { // what went wrong is read first
+        m_closing = Closing::Done;
+        leave();
+    }
+    event->setAccepted(m_closing == Closing::Done);
 }
 
 bool GameEditor::mayClose()
@@ -383,36 +350,13 @@ bool GameEditor::mayClose()
     return m_desk.closeGameWindows();
 }
 
-bool GameEditor::isBusy() const
+void GameEditor::leave()
 {
-    return m_starting || m_interpreter->inFrame();
-}
-
-void GameEditor::endRun()
-{
-    if (m_closing != Closing::Stopping)
-        return;
-    // A waiting statement is released; its frame then needs time to come to its end, and a message box its
-    // answer.
-    if (isBusy() || m_interpreter->context().InterpreterRunning())
-        m_interpreter->StopGame();
-    if (isBusy() || m_interpreter->context().InterpreterRunning()) {
-        m_closeAgain.start();
-        return;
-    }
-    m_closing = Closing::Done;
     QWidget::setEnabled(false); // a click that is still on its way comes too late
+    m_interpreter->abandonRun();
     m_haltMeAgain->stop();
     m_codeEditor->closeForGood();
     m_parseError->close();
     m_spy->close();
-    m_gameWindow.close();
     m_desk.showLibrary();
-}
-
-void GameEditor::CloseAgain_Timer()
-{
-    endRun();
-    if (m_closing == Closing::Done)
-        QWidget::close();
 }

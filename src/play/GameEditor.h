@@ -1,10 +1,12 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include "forms/Desk.h"
-#include "forms/QtUser.h"
 #include "play/GameWindow.h"
 #include "play/ParseError.h"
-#include "play/SpyWindow.h"
+#include "play/spy/SpyWindow.h"
 
 #include <QTimer>
 #include <QWidget>
@@ -53,20 +55,14 @@ protected:
     void closeEvent(QCloseEvent* event) override; // Form_Unload
 
 private:
-    using Handler = void (GameEditor::*)();
     struct ButtonRow;
 
     void Form_Load();
     void buildControls();
     QLayout* makeButtons(const ButtonRow* first, const ButtonRow* last, int iconSize);
     QLayout* makeSpeed();
-    bool isBusy() const;
     bool mayClose();
-    void endRun();
-    void CloseAgain_Timer();
-    enum class Where { Corner, Right, Below };
-    /// Gives a window its first place on the screen, seen from this one.
-    void place(QWidget& window, Where where) const;
+    void leave();
 
     Desk& m_desk;
     QToolButton* m_play = nullptr;
@@ -80,12 +76,9 @@ private:
     QSlider* m_framesPerMinute;
     QCheckBox* m_showMap;
     QTimer* m_haltMeAgain; ///< a child, so that it can be found by its name
-    QTimer m_closeAgain;
-    bool m_starting = false;
-    enum class Closing { No, Asking, Stopping, Done } m_closing = Closing::No;
+    enum class Closing { No, Asking, Telling, Done } m_closing = Closing::No;
 
     // What the interpreter is handed comes before it, so that it goes first.
-    QtUser m_user;
     CodeEditorForm* m_codeEditor = nullptr; ///< lives until closeForGood
     GameWindow m_gameWindow;
     std::unique_ptr<SpyWindow> m_spy;

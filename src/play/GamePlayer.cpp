@@ -1,9 +1,15 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "play/GamePlayer.h"
 
+#include "forms/MessageBoxes.h"
+#include "forms/Texts.h"
+#include "headless/QuietPorts.h"
 #include "platform/TextFile.h"
-#include "runtime/QuietPorts.h"
 #include "runtime/ZBInterpreter.h"
 
+#include <QApplication>
 #include <QTimer>
 
 /// The windows of the workbench that a player does without.
@@ -13,19 +19,13 @@ struct GamePlayer::QuietWindows {
         QTimer haltMeAgain;
     };
     struct Parse : ParseErrorPort {
-        explicit Parse(UserPort& who)
-            : user(who)
-        {
-        }
         void close() override {}
-        void show(std::string_view text) override { user.messageBox(text); }
-        UserPort& user;
+        void show(std::string_view text) override
+        {
+            forms::warn(QApplication::activeWindow(), forms::fromUtf8(text));
+        }
+        void beep() override { QApplication::beep(); }
     };
-
-    explicit QuietWindows(UserPort& user)
-        : parseError(user)
-    {
-    }
 
     Editor editor;
     QuietCodeEditor code;
@@ -34,10 +34,13 @@ struct GamePlayer::QuietWindows {
 };
 
 GamePlayer::GamePlayer(ZB& module, const Installation& installation, PictureReader& pictures)
-    : m_quiet(std::make_unique<QuietWindows>(m_user))
-    , m_interpreter(std::make_unique<ZBInterpreter>(
-          module, installation, pictures,
-          Ports{m_window, m_quiet->editor, m_quiet->code, m_quiet->spy, m_quiet->parseError, m_user}))
+    : m_quiet(std::make_unique<QuietWindows>())
+    , m_interpreter(std::make_unique<ZBInterpreter>(module, installation, pictures,
+                                                    Ports{.screen = m_window,
+                                                          .gameEditor = m_quiet->editor,
+                                                          .codeEditor = m_quiet->code,
+                                                          .spy = m_quiet->spy,
+                                                          .parseError = m_quiet->parseError}))
 {
     m_window.attach(*m_interpreter);
     // From the event loop: the run may end before play() has come back.
@@ -52,9 +55,9 @@ GamePlayer::~GamePlayer() = default;
 
 bool GamePlayer::play()
 {
-    const auto text = m_interpreter->installation().readText(m_interpreter->module().gamePath() + "code.txt");
+    const auto text = m_interpreter->files().readText(m_interpreter->module().gamePath() + "code.txt");
     if (!text)
         return false;
-    m_interpreter->RunGame(withProductLineEnds(*text), 0);
+    m_window.follow(m_interpreter->RunGame(withProductLineEnds(*text), 0));
     return true;
 }

@@ -1,6 +1,8 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
-#include "forms/QtUser.h"
 #include "platform/Installation.h"
 #include "platform/PictureReader.h"
 #include "play/GameWindow.h"
@@ -32,7 +34,6 @@ private:
     struct QuietWindows;
 
     GameWindow m_window;
-    QtUser m_user;
     std::unique_ptr<QuietWindows> m_quiet;
     std::unique_ptr<ZBInterpreter> m_interpreter;
 };

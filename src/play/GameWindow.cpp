@@ -1,9 +1,16 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "play/GameWindow.h"
 
+#include "forms/MessageBoxes.h"
+#include "forms/PictureArea.h"
+#include "forms/Style.h"
+#include "forms/Texts.h"
 #include "play/GameDisplay.h"
-#include "runtime/ZBContext.h"
 #include "runtime/ZBInterpreter.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QVBoxLayout>
 
@@ -12,12 +19,23 @@
 namespace
 {
 
-void addHiddenPicture(const QByteArray& name, const Surface& surface, QWidget* window)
+/// A hidden picture of the run: shows what the run has there now.
+class RunPicture : public forms::PictureArea
 {
-    auto* picture = new forms::PictureArea(name.constData(), window);
-    picture->showSurface(&surface);
-    picture->hide();
-}
+public:
+    RunPicture(const QByteArray& name, std::function<const Surface*()> source, QWidget* window)
+        : PictureArea(name.constData(), window)
+        , m_source(std::move(source))
+    {
+        hide();
+    }
+
+protected:
+    const Surface* surface() const override { return m_source(); }
+
+private:
+    std::function<const Surface*()> m_source;
+};
 
 } // namespace
 
@@ -42,12 +60,16 @@ GameWindow::GameWindow()
 void GameWindow::attach(ZBInterpreter& interpreter)
 {
     m_interpreter = &interpreter;
-    const GameSurfaces& surfaces = interpreter.context().surfaces();
-    m_display->showSurface(&surfaces.Display);
-    addHiddenPicture("Background", surfaces.Background, this);
-    addHiddenPicture("temppic", surfaces.temppic, this);
-    for (std::size_t slot = 0; slot < surfaces.Graphic.size(); ++slot)
-        addHiddenPicture("Graphic_" + QByteArray::number(slot), surfaces.Graphic[slot], this);
+    const ZBContext& context = interpreter.context();
+    m_display->showSurface(&context.display());
+    new RunPicture(
+        "Background", [&context] { return &context.background(); }, this);
+    new RunPicture(
+        "temppic", [] { return nullptr; }, this);
+    for (std::size_t place = 0; place < GameAssets::graphicCount; ++place)
+        new RunPicture(
+            "Graphic_" + QByteArray::number(place), [&context, place] { return context.graphic(place); },
+            this);
 }
 
 void GameWindow::load()
@@ -97,6 +119,11 @@ void GameWindow::enableTimer(bool on)
         m_gameTimer->stop();
 }
 
+void GameWindow::proceedSoon()
+{
+    QTimer::singleShot(0, this, [this] { follow(m_interpreter->proceed()); });
+}
+
 void GameWindow::refreshDisplay()
 {
     m_display->update();
@@ -117,7 +144,41 @@ void GameWindow::Display_KeyUp(int keyCode, int shift)
 void GameWindow::GameTimer_Timer()
 {
     if (m_interpreter != nullptr)
-        m_interpreter->timerTick();
+        follow(m_interpreter->timerTick());
+}
+
+void GameWindow::follow(Progress progress)
+{
+    for (; progress == Progress::Told; progress = m_interpreter->proceed()) {
+        const std::vector<RuntimeFault> faults = m_interpreter->takeFaults();
+        // One mistake, one message: what it leads to in the rest of its frame is no other mistake.
+        if (m_interpreter->isOn()) {
+            ReportRuntimeError(faults.front());
+            return;
+        }
+    }
+}
+
+void GameWindow::ReportRuntimeError(const RuntimeFault& fault)
+{
+    const QString text = forms::fromUtf8(ZBInterpreter::runtimeErrorText(fault));
+    m_telling = true;
+    forms::warn(QApplication::activeWindow(), text, this, [this, fault] {
+        m_telling = false;
+        m_interpreter->haltAfter(fault);
+        follow(m_interpreter->proceed());
+        Q_EMIT told();
+    });
+}
+
+void GameWindow::holdKeys()
+{
+    m_display->holdKeys();
+}
+
+void GameWindow::letKeysGo()
+{
+    m_display->letKeysGo();
 }
 
 void GameWindow::closeEvent(QCloseEvent* event)

@@ -1,5 +1,9 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
+#include "runtime/Outcomes.h"
 #include "runtime/Ports.h"
 
 #include <QTimer>
@@ -8,8 +12,9 @@
 class GameDisplay;
 class ZBInterpreter;
 
-/// The window of the running game and the timer that drives its frames. It is seen only during a run. The
-/// user's closing it stops the run; the run's end closes it.
+/// The window of the running game and the timer that drives its frames; where a frame comes back because
+/// something is to be told, it tells it and goes on. It is seen only during a run. The user's closing it
+/// stops the run; the run's end closes it.
 class GameWindow : public QWidget, public GameScreen
 {
     Q_OBJECT
@@ -26,6 +31,7 @@ public:
     void close() override;
     void setTimerInterval(std::optional<int> milliseconds) override;
     void enableTimer(bool on) override;
+    void proceedSoon() override;
     void refreshDisplay() override;
     bool wantsFrames() const override { return true; }
 
@@ -33,20 +39,36 @@ public:
     void Display_KeyUp(int keyCode, int shift);
     void GameTimer_Timer();
 
+    /// The user is being told what went wrong.
+    bool isTelling() const { return m_telling; }
+
+    /// Tells what is to be told, and goes on.
+    void follow(Progress progress);
+
+    /// The game is paused: the keys of this moment stay down, wherever the focus goes.
+    void holdKeys();
+    /// It goes on: from here on the keys are those that are really down.
+    void letKeysGo();
+
 Q_SIGNALS:
     /// The window is about to be seen.
     void aboutToShow();
     /// The run's end has closed the window.
     void closed();
+    /// The user has read what went wrong.
+    void told();
 
 protected:
     void closeEvent(QCloseEvent* event) override; // Form_Unload
 
 private:
+    void ReportRuntimeError(const RuntimeFault& fault);
+
     ZBInterpreter* m_interpreter = nullptr;
     GameDisplay* m_display;
     QTimer* m_gameTimer;
     bool m_open = false;
+    bool m_telling = false;
     bool m_timerEnabled = false;
     bool m_standsStill = false;
 };

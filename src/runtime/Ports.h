@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include "platform/Surface.h"
@@ -8,10 +11,9 @@
 #include <vector>
 
 // What a running game asks of the world around it. The windows implement these, and so do the player without
-// a window and the tests. None of the calls throws.
+// a window and the tests. None of the calls throws, waits, or calls back into the run.
 
-/// The window in which a game is seen. Its pictures live in the core (GameSurfaces); the window shows
-/// `Display`.
+/// The window in which a game is seen. Its pictures live in the core; the window shows `Display`.
 class GameScreen
 {
 public:
@@ -26,6 +28,8 @@ public:
     /// Milliseconds from frame to frame; nothing: the game stands still.
     virtual void setTimerInterval(std::optional<int> milliseconds) = 0;
     virtual void enableTimer(bool on) = 0;
+    /// A statement that waited may go on: ZBInterpreter::proceed is wanted as soon as the caller is done.
+    virtual void proceedSoon() = 0;
     /// `Display` holds a new frame.
     virtual void refreshDisplay() = 0;
     /// False where nobody will ever look at a frame, so that none is drawn.
@@ -87,20 +91,7 @@ public:
     virtual ~ParseErrorPort() = default;
     virtual void close() = 0;
     virtual void show(std::string_view text) = 0;
-};
-
-/// The user at the screen.
-class UserPort
-{
-public:
-    virtual ~UserPort() = default;
-    /// A message box with an OK button under the product's title; comes back when it has been answered.
-    virtual void messageBox(std::string_view text) = 0;
     virtual void beep() = 0;
-    /// Lets the windows handle what is waiting for them (Wait::No) or sleeps until there is something
-    /// (Wait::Yes).
-    enum class Wait { No, Yes };
-    virtual void deliverMessages(Wait wait) = 0;
 };
 
 /// Everything a run needs from outside, by reference.
@@ -110,5 +101,4 @@ struct Ports {
     CodeEditorPort& codeEditor;
     SpyPort& spy;
     ParseErrorPort& parseError;
-    UserPort& user;
 };

@@ -1,31 +1,17 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
-#include "platform/Surface.h"
+#include "games/GameRecord.h"
+#include "platform/TextFile.h"
+#include "runtime/world/MapColors.h"
 
-#include <array>
 #include <string>
 #include <string_view>
 
-/// One game of the library. `folder` is the folder's name with a trailing backslash.
-struct GameRecord {
-    std::string author;
-    std::string title;
-    std::string folder;
-
-    bool operator==(const GameRecord&) const = default;
-};
-
-/// The line separator of program texts and messages.
-inline constexpr std::string_view NewLine = "\r\n";
-
 /// The title of message boxes.
 inline constexpr std::string_view ProductName = "Zorbino";
-
-/// The seven map colours: red, orange, yellow, green, cyan, blue, purple.
-inline constexpr std::array<Pixel, 7> ColorTable = {
-    rgb(0xff, 0x00, 0x00), rgb(0xff, 0x80, 0x00), rgb(0xff, 0xff, 0x00), rgb(0x00, 0xff, 0x00),
-    rgb(0x00, 0xff, 0xff), rgb(0x00, 0x00, 0xff), rgb(0xff, 0x00, 0xff),
-};
 
 /// What the whole program shares; there is one, and everybody is handed a reference to it.
 struct ZB {
@@ -39,7 +25,3 @@ struct ZB {
     /// The product path of CurrentGame's folder with a trailing backslash.
     std::string gamePath() const { return GamesFolder + CurrentGame.folder; }
 };
-
-/// The usage line of a statement word ("MOVE <object>"), or an empty text. Blanks around the word, its case
-/// and one "{" at its end do not matter.
-std::string_view StatementHelp(std::string_view word);

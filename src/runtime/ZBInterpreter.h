@@ -1,83 +1,70 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
-#include "platform/Installation.h"
-#include "platform/PictureReader.h"
+#include "runtime/Outcomes.h"
 #include "runtime/Ports.h"
 #include "runtime/ZB.h"
+#include "runtime/ZBContext.h"
 
 #include <cstdint>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
-class ZBContext;
-
-/// Which kinds of history lines are wanted: the spy window's three check boxes.
-struct TraceBoxes {
-    bool frames = false; ///< Show Frame Divisions
-    bool events = false; ///< Show Event Entry/Exit
-    bool code = false;   ///< Show Every Line of Code Executed
-};
-
-/// Starts, pauses, steps and stops runs, writes their trace and reports their errors. Owns the one ZBContext.
-/// Everything happens on the thread that calls it; while a statement waits or a message box is open, the
-/// ports may call back into PauseGame, ResumeGame, StepOnce, StopGame, KeyDown and KeyUp.
-class ZBInterpreter
+/// Starts, pauses, steps and stops runs. Owns the one ZBContext. It never waits and never shows a box: what a
+/// tick has come to is returned, and whoever plays decides when to call again.
+class ZBInterpreter : private ParseReporter
 {
 public:
-    ZBInterpreter(ZB& module, const Installation& installation, PictureReader& pictures, const Ports& ports);
-    ~ZBInterpreter();
-    ZBInterpreter(const ZBInterpreter&) = delete;
-    ZBInterpreter& operator=(const ZBInterpreter&) = delete;
+    ZBInterpreter(ZB& module, const FileSource& files, PictureReader& pictures, const Ports& ports);
 
-    ZBContext& context() { return *m_context; }
+    ZBContext& context() { return m_context; }
+    const ZBContext& context() const { return m_context; }
     ZB& module() { return m_module; }
-    const Installation& installation() const { return m_installation; }
-    PictureReader& pictures() { return m_pictures; }
-    const Ports& ports() const { return m_ports; }
+    const FileSource& files() const { return m_files; }
 
     // Run control.
     /// Starts a run of a program text, lines separated by CR LF. `mode` is the new ZB::RunMode. A fault in
-    /// the text has been shown when this returns. Does nothing while a run is being started or a frame worked
-    /// on.
-    void RunGame(std::string_view text, int mode);
+    /// the text has been shown when this returns; Told where there is something else to tell. Does nothing
+    /// while a run is being started or a frame worked on.
+    Progress RunGame(std::string_view text, int mode);
+    /// The two halves of RunGame, for windows that let what waits for them happen in between. False: nothing
+    /// may be started now.
+    [[nodiscard]] bool prepareRun(int mode);
+    /// Does nothing where the run has been stopped since it was prepared.
+    Progress startRun(std::string_view text);
     void PauseGame();
     void ResumeGame();
     void StepOnce();
     void StopGame();
     void RestoreEditorButtons();
-    /// The frame timer's tick: one frame, unless one is still running. Does nothing when no game runs.
-    void timerTick();
+    /// Ends the run at once, whatever it is doing. The windows that it was shown in are about to go.
+    void abandonRun();
+
+    /// The frame timer's tick: one frame, unless one is still at work. Does nothing when no game runs.
+    Progress timerTick();
+    /// Goes on with a frame that came back before its end: where a statement waits, if it has been released.
+    Progress proceed();
+    /// The faults to be told after Progress::Told.
+    std::vector<RuntimeFault> takeFaults() { return m_context.takeFaults(); }
+    /// A fault has been told: the run is over, and the code editor shows its line.
+    void haltAfter(const RuntimeFault& fault);
+    void HaltAfterError();
+    /// What a message box says of a fault.
+    static std::string runtimeErrorText(const RuntimeFault& fault);
+
     /// The slider has moved: takes effect at once in a running game.
     void framesPerMinuteChanged();
-
-    // The trace.
-    void SpyWrite(std::string_view text, int line);
-    /// The statement at `line` is about to run. False where the run was ended while it waited: the statement
-    /// must then give up without a word.
-    [[nodiscard]] bool TraceLine(int line);
-    void TraceStateChange();
-    void TraceEventEntry(std::string_view className, std::string_view eventName, std::string_view tagText);
-    void TraceEventExit(std::string_view className, std::string_view eventName);
-    void TraceIfBegin() { ++TraceDepth; }
-    void TraceIfEnd();
-    void TracePause(int line);
-    /// The frame box of four lines.
-    void TraceFrame(int frameNumber);
-    const TraceBoxes& traceBoxes() const { return m_boxes; }
     /// Takes effect at the next line written.
-    void setTraceBoxes(const TraceBoxes& boxes) { m_boxes = boxes; }
-
-    // Errors.
-    void ReportRuntimeError(std::string_view message, int line);
-    /// Shows a parse error. `report` is the text of the parse-error window.
-    void showParseError(std::string_view report, int line);
-    void HaltAfterError();
-
-    /// A run is being started or a frame worked on (it may be waiting for the user): the interpreter must not
-    /// be destroyed now.
-    bool inFrame() const { return m_inFrame || m_starting; }
+    void setTraceBoxes(const TraceBoxes& boxes) { m_context.trace().setBoxes(boxes); }
+    bool StepMode() const { return m_control == Control::Stepping; }
+    /// A run has begun whose end nobody has been told yet.
+    bool isOn() const { return m_control != Control::Stopped; }
+    /// A run is being started or a frame has come back before its end.
+    bool inFrame() const { return m_control == Control::Starting || m_context.inFrame(); }
 
     /// N(60000 / framesPerMinute) in milliseconds; nothing at 0, where the game stands still.
     static std::optional<int> timerInterval(int framesPerMinute);
@@ -86,32 +73,30 @@ public:
     void setSeed(std::uint64_t seed) { m_seed = seed; }
     std::uint64_t seed() const { return m_seed; }
 
-    /// Depth of indentation of the trace.
-    int TraceDepth = 0;
-    /// True while statements must announce themselves one by one (a box is ticked, the user steps, or the spy
-    /// window's state labels are out of date).
-    bool mustAnnounce() const;
-
 private:
-    friend class ZBContext;
+    enum class Control {
+        Stopped,
+        Starting,
+        Running,
+        Stepping, ///< every statement waits for the user
+        Stopping, ///< a stop waits for the frame's end: no pause and no other frame begins
+    };
+
+    // ParseReporter.
+    void parseError(const ParseFault& fault) override;
+    void beep() override { m_ports.parseError.beep(); }
+
     void writeBanner();
+    void setControl(Control control);
+    void release();
     void finishStop();
+    Progress settle(Progress progress);
 
     ZB& m_module;
-    const Installation& m_installation;
-    PictureReader& m_pictures;
+    const FileSource& m_files;
     Ports m_ports;
-    std::unique_ptr<ZBContext> m_context;
-    TraceBoxes m_boxes;
-    std::string m_line; ///< scratch for history lines
-    std::string m_text; ///< scratch for what stands in them
+    ZBContext m_context;
     std::uint64_t m_seed = 0;
-    bool m_stepMode = false;
-    bool m_stepReleased = false;
-    bool m_stopping = false;
-    bool m_halting = false; ///< a stop waits for the frame's end: no pause and no other frame begins
-    bool m_stopRequested = false;
-    bool m_starting = false;
-    bool m_inFrame = false;
-    bool m_stateShown = false; ///< the spy window's labels show the current state
+    Control m_control = Control::Stopped;
+    bool m_stepReleased = false; ///< the waiting statement may go on
 };

@@ -1,4 +1,7 @@
 #!/bin/bash
+# SPDX-FileCopyrightText: 2026 The Zorbino team
+# SPDX-License-Identifier: MIT
+
 # Every program in the user's documentation can be read by Zorbino. A fence "zbl" holds a whole program, "zbl event"
 # statements of an event block, "zbl statements" those of an INITIALIZE block. Usage: ZBL FILE...
 set -euo pipefail

@@ -1,4 +1,7 @@
 #!/bin/bash
+# SPDX-FileCopyrightText: 2026 The Zorbino team
+# SPDX-License-Identifier: MIT
+
 # The messages that docs/language.md explains are the messages that Zorbino shows: each of the wrong programs of
 # messages.txt gets one that is explained, and each that is explained is shown for one of them. What the document writes
 # between pointed brackets is put in by the program. Usage: ZBL LANGUAGE.md MESSAGES.txt

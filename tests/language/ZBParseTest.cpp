@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "language/ZBParse.h"
 
 #include "language/ZBLProgramExp.h"
@@ -14,7 +17,7 @@ namespace
 class Reports : public ParseReporter
 {
 public:
-    void parseError(std::string_view report, int /*line*/) override { text = report; }
+    void parseError(const ParseFault& fault) override { text = fault.message; }
     void beep() override { ++beeps; }
     std::string text;
     int beeps = 0;

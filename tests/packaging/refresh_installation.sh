@@ -1,5 +1,8 @@
 #!/bin/bash
-# What refresh-installation does to a user's folder, from the first start to an update. Usage: SCRIPT
+# SPDX-FileCopyrightText: 2026 The Zorbino team
+# SPDX-License-Identifier: MIT
+
+# What refresh-installation does to a user's folder, from the first start to an update. Usage: REFRESH-INSTALLATION
 set -euo pipefail
 refresh=$1
 work=$(mktemp -d)
@@ -29,6 +32,10 @@ echo cat >"$from/zbo/icons/cat.bmp"
 echo dog >"$from/zbo/icons/dog.bmp"
 bundle 00000001 ball
 bundle 00000002 maze
+bundle 00000004 pong
+echo red >"$from/games/00000004/icon.bmp"
+bundle 00000005 snake
+bundle 00000006 chess
 chmod -R a-w "$from"
 
 "$refresh" "$from" "$to"
@@ -41,6 +48,7 @@ expect "the copies can be written to" eval 'echo mine >"$to/games/00000002/code.
 rm -r "$to/games/00000001" "$to/zbo/icons/dog.bmp"
 mkdir "$to/games/00000003"
 echo "my own" >"$to/games/00000003/code.txt"
+touch "$to/games/00000005/new.spr"
 echo "my own" >"$to/zbo/icons/cat.bmp"
 echo "my own" >"$to/zbo/icons/me.bmp"
 chmod -R u+w "$from"
@@ -50,6 +58,9 @@ echo "better cat" >"$from/zbo/icons/cat.bmp"
 echo cow >"$from/zbo/icons/cow.bmp"
 bundle 00000002 "better maze"
 bundle 00000003 shooter
+bundle 00000004 "better pong"
+rm "$from/games/00000004/icon.bmp"
+bundle 00000005 "better snake"
 
 for start in first second; do
     "$refresh" "$from" "$to"
@@ -62,12 +73,31 @@ for start in first second; do
     expect "a changed game stays ($start start)" is "$to/games/00000002/code.txt" mine
     expect "a game of the user's stays ($start start)" is "$to/games/00000003/code.txt" "my own"
     expect "a new game takes the first free number ($start start)" is "$to/games/00000001/code.txt" shooter
-    expect "nothing comes twice ($start start)" missing "$to/games/00000004"
+    expect "an untouched game is the new one ($start start)" is "$to/games/00000004/code.txt" "better pong"
+    expect "what it no longer has is gone ($start start)" missing "$to/games/00000004/icon.bmp"
+    expect "a game with a new file stays ($start start)" is "$to/games/00000005/code.txt" snake
+    expect "nothing comes twice ($start start)" missing "$to/games/00000007"
     expect "no half-made things are left ($start start)" missing "$to/.incoming"
 done
 
-rm -r "$to/games/00000001"
+bundle 00000003 "better shooter"
 "$refresh" "$from" "$to"
+expect "a game under another number is renewed there" is "$to/games/00000001/code.txt" "better shooter"
+expect "and not under its own" is "$to/games/00000003/code.txt" "my own"
+
+# The first version kept no sums of games; the package does.
+grep games/00000006 "$to/.shipped" >"$from/earlier-sums"
+sed -i '/games/d' "$to/.shipped"
+sed -i 's/ .*//' "$to/.bundled-games"
+bundle 00000004 "even better pong"
+bundle 00000006 "better chess"
+"$refresh" "$from" "$to"
+expect "a game of the first version is renewed" is "$to/games/00000006/code.txt" "better chess"
+expect "a game without a sum stays" is "$to/games/00000004/code.txt" "better pong"
+
+rm -r "$to/games/00000001" "$to/zbo/code.txt"
+"$refresh" "$from" "$to"
+expect "a missing template comes back at any start" is "$to/zbo/code.txt" "better template"
 expect "a deleted game stays away" missing "$to/games/00000001"
 
 if "$refresh" "$work/nothing" "$to" 2>/dev/null; then

@@ -1,34 +1,24 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "platform/Installation.h"
 
+#include "platform/FileBundle.h"
 #include "platform/TextFile.h"
-#include "support/TestGame.h"
+#include "support/OrdinaryUser.h"
+#include "support/ScratchFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <functional>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
 
 namespace
 {
-
-constexpr unsigned nobody = 65534;
-
-/// What `test` answers in a process without an administrator's rights, for whom nothing is read-only.
-bool asOrdinaryUser(const std::function<bool()>& test)
-{
-    const pid_t child = ::fork();
-    if (child == 0) {
-        const bool isReady = ::geteuid() != 0 || (::setgid(nobody) == 0 && ::setuid(nobody) == 0);
-        ::_exit(isReady && test() ? 0 : 1);
-    }
-    int status = -1;
-    return ::waitpid(child, &status, 0) == child && status == 0;
-}
 
 /// An installation inside a folder that holds other things, too.
 class InstallationTest : public testing::Test
@@ -89,12 +79,18 @@ TEST_F(InstallationTest, FindsNamesInAnyCaseAndOnlyBelowItsFolder)
         {"..", nullptr},
         {std::string_view("zbo\0x", 5), nullptr},
     };
-    for (const Case& c : cases) {
-        const auto text = installation.readText(c.path);
-        EXPECT_EQ(text.has_value(), c.text != nullptr) << c.path;
-        EXPECT_EQ(text.value_or(""), c.text ? c.text : "") << c.path;
-        EXPECT_EQ(installation.isFile(c.path), c.text != nullptr) << c.path;
-    }
+    FileBundle bundle;
+    EXPECT_TRUE(bundle.add("Games\\00000001\\Code.TXT", "code"));
+    EXPECT_TRUE(bundle.add("Games/00000001/Größe.MAP", "map"));
+    EXPECT_TRUE(bundle.add("zbo\\inside.txt", "code"));
+    for (const FileSource* files :
+         {static_cast<const FileSource*>(&installation), static_cast<const FileSource*>(&bundle)})
+        for (const Case& c : cases) {
+            const auto text = files->readText(c.path);
+            EXPECT_EQ(text.has_value(), c.text != nullptr) << c.path;
+            EXPECT_EQ(text.value_or(""), c.text ? c.text : "") << c.path;
+            EXPECT_EQ(files->isFile(c.path), c.text != nullptr) << c.path;
+        }
     EXPECT_TRUE(installation.isFolder("games\\00000001"));
     EXPECT_FALSE(installation.isFolder("zbo\\out"));
     EXPECT_EQ(installation.list("zbo\\out").size(), 0U);
@@ -158,4 +154,21 @@ TEST_F(InstallationTest, OfTwoSpellingsTheExactOneIsMeant)
     EXPECT_EQ(installation.readText("zbo\\a.TXT"), "lower");
     EXPECT_EQ(installation.readText("zbo\\A.txt"), "upper");
     EXPECT_EQ(installation.readText("zbo\\a.txt"), "upper"); // always the same one
+}
+
+TEST(FileBundle, ListsAndKeepsWhatItCanName)
+{
+    FileBundle bundle;
+    for (const char* path : {"", "\\a", "a\\..\\b", "..\\b", "a\\"})
+        EXPECT_FALSE(bundle.add(path, "x")) << path;
+    for (const char* path : {"top.txt", "zbo\\Icon.BMP", "zbo\\icons\\one.bmp", "zbo2\\other.bmp"})
+        EXPECT_TRUE(bundle.add(path, path));
+    EXPECT_TRUE(bundle.add("ZBO\\icon.bmp", "later"));
+    EXPECT_EQ(bundle.readBytes("zbo\\icon.bmp"), "later");
+    EXPECT_EQ(bundle.readBytes("zbo\\icon.bmp", 4), std::nullopt);
+    using Names = std::vector<std::string>;
+    EXPECT_EQ(bundle.listFiles("zbo", "*.bmp"), Names{"icon.bmp"});
+    EXPECT_EQ(bundle.listFiles("", "*.*"), Names{"top.txt"});
+    EXPECT_EQ(bundle.listFiles("zbo\\..", "*.*"), Names{"top.txt"});
+    EXPECT_EQ(bundle.listFiles("nowhere", "*.*"), Names{});
 }

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "platform/NumberText.h"
 
 #include "platform/Rounding.h"
@@ -30,7 +33,9 @@ TEST(NumberText, PrintsFifteenDigitsAndNoNegativeZero)
         {1e100, "1E+100", nullptr},
     };
     for (const Case& c : cases) {
-        EXPECT_EQ(generalNumber(c.value), c.general);
+        std::string general;
+        appendGeneralNumber(general, c.value);
+        EXPECT_EQ(general, c.general);
         if (c.fixed) {
             EXPECT_EQ(fixedNumber(c.value), c.fixed);
         }

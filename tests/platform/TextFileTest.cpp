@@ -1,6 +1,9 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "platform/TextFile.h"
 
-#include "support/TestGame.h"
+#include "support/ScratchFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -34,6 +37,29 @@ TEST(TextFile, ReadsOtherBytesAsWindows1252)
     EXPECT_TRUE(isValidUtf8(decodeText("\x81\x8d\xfe\xff")));
     // One bad byte makes the whole text Windows-1252.
     EXPECT_EQ(decodeText("\xc3\xb6 \xf6"), "Ã¶ ö");
+}
+
+TEST(TextFile, ReadsUtf16ByItsByteOrderMark)
+{
+    using namespace std::string_view_literals;
+    const struct {
+        std::string_view bytes;
+        const char* text;
+    } rows[] = {
+        {"\xff\xfe"
+         "a\0\xe4\0\r\0\n\0"sv,
+         "aä\r\n"},
+        {"\xfe\xff\0a\0\xe4\x20\xac"sv, "aä€"},
+        {"\xff\xfe\x3d\xd8\x1f\xdc!\0"sv, "🐟!"},
+        {"\xfe\xff\xd8\x3d\xdc\x1f\xdb\xff\xdf\xff"sv, "🐟\U0010ffff"},
+        {"\xff\xfe"sv, ""},
+        {"\xff\xfe\x3d\xd8z\0"sv, "\ufffdz"},           // half a pair,
+        {"\xff\xfe\x1f\xdc\x3d\xd8"sv, "\ufffd\ufffd"}, // its other half in front,
+        {"\xff\xfez\0\x3d"sv, "z\ufffd"},               // half a unit
+        {"\xff\xfe\xff\xd7\0\xe0"sv, "\ud7ff\ue000"},   // around the surrogates
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(decodeText(row.bytes), row.text);
 }
 
 TEST(TextFile, LinesEndInThreeWays)

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "support/Art.h"
 #include "support/TestGame.h"
 
@@ -95,7 +98,7 @@ TEST_F(DrawFrame, TheBackgroundFillsTheFieldUnderTheMapAndTheSprites)
 {
     game.folder.write("four.bmp", bitmapFile(art({"gb", "yp"})));
     const std::string both =
-        "setbackground game \"four.bmp\"\nsetmap game \"colours.map\"\ncreate ball 1 \"dot\" 0 0 0 0 0";
+        "setbackground game \"four.bmp\"\nsetmap game \"colors.map\"\ncreate ball 1 \"dot\" 0 0 0 0 0";
     const Surface& plain = play({.initialize = both});
     EXPECT_EQ(art(plain, 240), "gb\nyr\n");
     EXPECT_EQ(around(239, 241, 3, 1), "ypp\n");

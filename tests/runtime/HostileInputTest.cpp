@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "support/Art.h"
 #include "support/TestGame.h"
 
@@ -176,7 +179,7 @@ TEST_F(HostileInput, FilesThatAreNoFiles)
 TEST_F(HostileInput, EndlessEventsThatReadFiles)
 {
     // Reading takes so much longer than other statements that the end must come sooner.
-    for (const char* reading : {"setmap game \"colours.map\"", "setbackground game \"sky.bmp\""}) {
+    for (const char* reading : {"setmap game \"colors.map\"", "setbackground game \"sky.bmp\""}) {
         game.output.clear();
         EXPECT_EQ(play(programOf({.collision = std::string("moveright me 0\n") + reading,
                                   .create = "moveright me 0",

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "platform/NumberText.h"
 #include "support/ProgramFile.h"
 #include "support/TestGame.h"
@@ -34,7 +37,7 @@ std::vector<std::string> messagesIn(const std::vector<std::string>& output)
         if (!output[i].starts_with("! ") && !output[i].starts_with("? "))
             continue;
         std::string message(trimBlanks(output[i]));
-        i += output[i].front() == '?' ? 4 : 1; // between them a parse message shows the line itself
+        i += output[i].front() == '?' ? 4U : 1U; // between them a parse message shows the line itself
         message += " " + output.at(i).substr(2);
         messages.push_back(std::move(message));
     }
@@ -68,6 +71,10 @@ void checkProgram(const ProgramFile& program)
 
     TestGame game;
     game.play(program.text, options, program.keys);
+    TestGame plain;
+    plain.context().statements().usePlainSteps();
+    plain.play(program.text, options, program.keys);
+    EXPECT_EQ(plain.output, game.output) << "the plain steps do something else";
 
     std::vector<std::string> messages;
     std::vector<std::string> lines;

@@ -1,8 +1,15 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "runtime/RunState.h"
 
+#include "support/Art.h"
 #include "support/TestGame.h"
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
 
 namespace
 {
@@ -49,7 +56,7 @@ constexpr std::string_view busyGame = R"(program{
         set counter$hits 0
         set text$last ""
         setbackground game "sky.bmp"
-        setmap game "colours.map"
+        setmap game "colors.map"
       }initialize
       loop{
         change counter$frame 1
@@ -90,7 +97,7 @@ protected:
                 game.context().KeyDown(32, 0);
             if (frame == 21)
                 game.context().KeyUp(32, 0);
-            game.player.interpreter().timerTick();
+            game.player.playFrame();
             recording.pictures.push_back(game.player.display());
         }
         recording.lines = game.output;
@@ -131,6 +138,93 @@ TEST_P(Rewound, ARunGoesOnFromACopyAsItDidBefore)
 
 INSTANTIATE_TEST_SUITE_P(AfterFrames, Rewound, testing::Values(1, 20, 60), testing::PrintToStringParamName());
 
+namespace
+{
+
+/// Takes the frame that has come back to its end, statement by statement; `atWait` sees every one that waits.
+void finishFrame(TestGame& game, Progress progress, const std::function<void()>& atWait)
+{
+    for (; progress == Progress::Waiting; progress = game.context().advance())
+        atWait();
+    EXPECT_EQ(progress, Progress::FrameDone);
+}
+
+} // namespace
+
+TEST(Runs, GoOnFromACopyAtEveryStatement)
+{
+    TestGame game;
+    HeadlessOptions options;
+    options.frames = 8;
+    options.trace = options.wantsPicture = options.showMap = true;
+    options.boxes = {true, true, true};
+    game.play(busyGame, options);
+    ASSERT_TRUE(game.context().InterpreterRunning()) << game.output.back();
+    ZBContext& context = game.context();
+    context.statements().setStepMode(true);
+
+    struct Copy {
+        RunState state;
+        std::size_t linesSoFar;
+    };
+    std::vector<Copy> copies;
+    constexpr std::int64_t lastTick = 12;
+    const auto playOn = [&](Progress progress, const std::function<void()>& atWait) {
+        finishFrame(game, progress, atWait);
+        while (context.state().tick < lastTick)
+            finishFrame(game, context.Quantum(), atWait);
+        std::vector<std::string> dump = context.DumpVariablesInto();
+        dump.push_back(art(context.display(), 8));
+        return dump;
+    };
+    const auto pressKeys = [&] { // they count when the statement goes on
+        if (context.state().waits % 5 == 2)
+            context.KeyDown(32, 0);
+        if (context.state().waits % 5 == 4)
+            context.KeyUp(32, 0);
+    };
+    game.output.clear();
+    const auto dump = playOn(context.Quantum(), [&] {
+        copies.push_back({context.save(), game.output.size()});
+        pressKeys();
+    });
+    const std::vector<std::string> lines = game.output;
+    ASSERT_GT(copies.size(), 200U);
+
+    for (std::size_t i = 0; i < copies.size(); ++i) {
+        const Copy& copy = copies[i * 7 % copies.size()]; // to and fro
+        game.output.assign(lines.begin(), lines.begin() + static_cast<std::ptrdiff_t>(copy.linesSoFar));
+        context.restore(copy.state);
+        pressKeys();
+        EXPECT_TRUE(playOn(context.advance(), pressKeys) == dump) << "from copy " << i;
+        EXPECT_TRUE(game.output == lines) << "from copy " << i;
+    }
+}
+
+TEST(Runs, TakeTheirKeysFromAQueue)
+{
+    TestGame game;
+    HeadlessOptions options;
+    options.frames = 0;
+    const Blocks blocks{.initialize = "set counter$n 0",
+                        .loop = "change counter$n 1\nset text$left keyboard.left\nset text$up keyboard.up"};
+    game.play(programOf(blocks), options);
+    ZBContext& context = game.context();
+    context.addInputs({{.tick = 2, .down = true, .code = 37}, {.tick = 4, .down = false, .code = 37}});
+    const auto shows = [&](std::string_view text) {
+        const auto dump = context.DumpVariablesInto();
+        return std::ranges::find(dump, text) != dump.end();
+    };
+    for (int tick = 1; tick <= 5; ++tick) {
+        if (tick == 3)
+            context.KeyDown(38, 0); // before what the script holds for later
+        game.player.playFrame();
+        EXPECT_EQ(shows("text$left          =\"true\""), tick == 2 || tick == 3) << tick;
+        EXPECT_EQ(shows("text$up            =\"true\""), tick >= 3) << tick;
+    }
+    EXPECT_TRUE(context.state().inputs.empty());
+}
+
 TEST(Runs, AreEqualToTheByteForEqualSeeds)
 {
     const auto record = [](std::uint64_t seed) {
@@ -161,14 +255,14 @@ TEST(Runs, BeginWithAllKeysUpAndCountFramesRoundAgain)
     game.context().KeyDown(127, 0);
     game.context().KeyDown(128, 0);
     game.context().KeyUp(127, 0);
-    game.player.interpreter().timerTick();
+    game.player.playFrame();
     EXPECT_EQ(game.context().DumpVariablesInto(), up); // codes from 128 on are no keys
 
     RunState late = game.context().save();
     late.frameNumber = 19'999'998;
     game.context().restore(late);
-    game.player.interpreter().timerTick();
+    game.player.playFrame();
     EXPECT_EQ(game.context().frameNumber(), 19'999'999);
-    game.player.interpreter().timerTick();
+    game.player.playFrame();
     EXPECT_EQ(game.context().frameNumber(), 0);
 }

@@ -1,6 +1,9 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
-#include "app/HeadlessPlayer.h"
+#include "headless/HeadlessPlayer.h"
 
 #include <filesystem>
 #include <string>

@@ -1,31 +1,10 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "support/TestGame.h"
 
 #include "platform/TextFile.h"
 #include "support/Art.h"
-
-#include <cstdlib>
-#include <fstream>
-#include <stdexcept>
-
-ScratchFolder::ScratchFolder()
-{
-    std::string name = (std::filesystem::temp_directory_path() / "zorbino.XXXXXX").string();
-    if (!::mkdtemp(name.data()))
-        throw std::runtime_error("no folder for scratch files");
-    m_path = name;
-}
-
-ScratchFolder::~ScratchFolder()
-{
-    std::error_code ignored;
-    std::filesystem::remove_all(m_path, ignored);
-}
-
-void ScratchFolder::write(std::string_view name, std::string_view bytes) const
-{
-    std::ofstream file(m_path / name, std::ios::binary);
-    file << bytes;
-}
 
 TestGame::TestGame()
     : m_installation(folder.path())
@@ -55,7 +34,7 @@ TestGame::TestGame()
     std::string legend;
     for (int i = 0; i < ZBMap::legendCount; ++i)
         legend += "\r\n";
-    folder.write("colours.map", "\r\n\r\n 2\r\n 2\r\n" + legend + "1\r\n32\r\n8\r\n0\r\n");
+    folder.write("colors.map", "\r\n\r\n 2\r\n 2\r\n" + legend + "1\r\n32\r\n8\r\n0\r\n");
     folder.write("broken.map", "\r\n\r\n 2\r\n 2\r\n" + legend + "1\r\nred\r\n");
     folder.write("sky.bmp", bitmapFile(art({"c"})));
     folder.write("broken.bmp", "BM");

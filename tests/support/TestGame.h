@@ -1,34 +1,23 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
-#include "app/HeadlessPlayer.h"
-#include "platform/qt/QtPictures.h"
+#include "headless/HeadlessPlayer.h"
+#include "platform/Installation.h"
+#include "platform/pictures/PictureFiles.h"
+#include "support/ScratchFolder.h"
 
 #include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
 
-/// A new folder that goes away with its owner.
-class ScratchFolder
-{
-public:
-    ScratchFolder();
-    ~ScratchFolder();
-    ScratchFolder(const ScratchFolder&) = delete;
-    ScratchFolder& operator=(const ScratchFolder&) = delete;
-
-    const std::filesystem::path& path() const { return m_path; }
-    void write(std::string_view name, std::string_view bytes) const;
-
-private:
-    std::filesystem::path m_path;
-};
-
 /// A game in a folder of its own, played without a window. The folder holds a few files for programs to use:
 /// graphics: dot (3 x 3, red), flip (2 x 2, animated: green, blue), dial (rotating, four of 1 x 1); damaged:
 /// nokind,
 ///           nopicture, badpicture
-/// maps: colours.map (2 x 2: red, blue, green, none), broken.map
+/// maps: colors.map (2 x 2: red, blue, green, none), broken.map
 /// pictures: sky.bmp (cyan), broken.bmp; music: tune.mid
 class TestGame
 {
@@ -44,7 +33,7 @@ public:
 
 private:
     ZB m_module;
-    QtPictures m_pictures;
+    PictureFiles m_pictures;
     Installation m_installation;
     int m_bannerLines = 0; ///< how many are still to come
 

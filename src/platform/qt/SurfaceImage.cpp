@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #include "platform/qt/SurfaceImage.h"
 
 #include <algorithm>
@@ -16,7 +19,7 @@ Surface surfaceOfImage(const QImage& image)
 {
     if (image.isNull())
         return {};
-    // Not premultiplied: the colours must come through as they stand in the file.
+    // Not premultiplied: the colors must come through as they stand in the file.
     const bool opaque = image.format() == QImage::Format_RGB32;
     const QImage plain = opaque ? image : image.convertToFormat(QImage::Format_ARGB32);
     if (plain.isNull()) // no memory for a second copy

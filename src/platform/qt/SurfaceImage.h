@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 #pragma once
 
 #include "platform/Surface.h"
@@ -9,6 +12,6 @@
 /// The pixels of a surface as an image, without a copy; the surface must outlive it.
 QImage viewOfSurface(const Surface& surface);
 
-/// A copy of the image's colours. Transparency is dropped, so that a see-through pixel keeps the colour that
+/// A copy of the image's colors. Transparency is dropped, so that a see-through pixel keeps the color that
 /// its file gives it.
 Surface surfaceOfImage(const QImage& image);

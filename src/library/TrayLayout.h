@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <string>
+#include <string_view>
+
+// Where the tiles of the library's tray stand, and what is written on them. No window in here.
+
+inline constexpr int tilesInView = 5;
+inline constexpr int firstTileLeft = 20;
+inline constexpr int tileTop = 10;
+
+/// Left edge of the tile in `slot` (0 to 4) of a tray that is `trayWidth` wide.
+int tileLeft(int slot, int trayWidth);
+
+/// The slot under the horizontal position `x` of the tray.
+int slotAt(int x, int trayWidth);
+
+/// The text padded with blanks or cut to exactly 18 characters.
+std::string tileText(std::string_view utf8);

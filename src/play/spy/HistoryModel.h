@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QAbstractListModel>
+
+#include <array>
+#include <deque>
+#include <string>
+#include <string_view>
+
+/// The last 500 lines of a run's history, each kept up to a length that no program comes near. Lines arrive
+/// far faster than anybody can read: they wait in a ring of reused texts, and only publish() turns what is
+/// still left of them into rows.
+class HistoryModel : public QAbstractListModel
+{
+    Q_OBJECT
+public:
+    using QAbstractListModel::QAbstractListModel;
+
+    static constexpr int limit = 500;
+
+    void append(std::string_view line);
+    void clear();
+    bool hasNews() const { return m_cleared || m_waiting > 0; }
+    /// How many of the rows publish() will take away at the top.
+    int rowsToDrop() const;
+    /// Makes rows of what has arrived since the last call.
+    void publish();
+
+    int rowCount(const QModelIndex& parent = QModelIndex()) const override;
+    QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+
+private:
+    std::deque<QString> m_rows;
+    std::array<std::string, limit> m_ring;
+    int m_next = 0;    ///< where the next line goes in the ring
+    int m_waiting = 0; ///< lines in the ring
+    bool m_cleared = false;
+};

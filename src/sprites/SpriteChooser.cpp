@@ -1,0 +1,102 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
+#include "sprites/SpriteChooser.h"
+
+#include "forms/Icons.h"
+#include "forms/MessageBoxes.h"
+#include "forms/NameOrder.h"
+#include "forms/Texts.h"
+#include "games/GameFolders.h"
+#include "sprites/FramePainting.h"
+#include "sprites/SpriteFiles.h"
+#include "sprites/SpriteModel.h"
+
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QListWidget>
+#include <QPainter>
+#include <QPointer>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace
+{
+
+using namespace Qt::StringLiterals;
+
+constexpr int side = 64;
+constexpr int mostPictures = 200; // a list that is longer shows the rest by name alone
+
+QIcon pictureOf(const SpriteModel& model)
+{
+    QPixmap picture(side, side);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    const auto frame = model.frame(0);
+    drawFrame(painter, fitFrame(picture.rect(), frame->width(), frame->height()), *frame);
+    painter.end();
+    return picture;
+}
+
+} // namespace
+
+std::optional<QString> chooseSprite(QWidget* parent, const Installation& installation,
+                                    PictureReader& pictures, const std::string& folder)
+{
+    const QStringList names = forms::inNameOrder(spriteNames(installation, folder));
+    if (names.isEmpty()) {
+        forms::tell(parent, u"There is no sprite in this game yet. Draw one and save it!"_s);
+        return std::nullopt;
+    }
+    const QPointer<QDialog> dialog(new QDialog(parent));
+    dialog->setObjectName(u"OpenSpriteBox"_s);
+    dialog->setWindowTitle(u"Open Sprite"_s);
+    auto* const list = new QListWidget(dialog);
+    list->setObjectName(u"SpriteList"_s);
+    list->setAccessibleName(u"Sprites of this game"_s);
+    list->setIconSize(QSize(side, side));
+    list->setViewMode(QListView::IconMode);
+    list->setResizeMode(QListView::Adjust);
+    list->setMovement(QListView::Static);
+    list->setGridSize(
+        {std::max(side, list->fontMetrics().averageCharWidth() * 14) + 16,
+         side + list->fontMetrics().height() + 16}); // a long name does not push the others away
+    for (const QString& name : names) {
+        auto* const item = new QListWidgetItem(name, list);
+        item->setToolTip(item->text());
+        SpriteModel model;
+        if (list->count() <= mostPictures &&
+            isLoaded(loadSprite(installation, pictures, folder, forms::toUtf8(name), model)))
+            item->setIcon(pictureOf(model));
+        else
+            item->setIcon(forms::icon("sprite"));
+    }
+    list->setCurrentRow(0);
+    auto* const buttons = new QDialogButtonBox(dialog);
+    const auto addButton = [buttons](const QString& text, const char* name, const char* iconName,
+                                     QDialogButtonBox::ButtonRole role) {
+        QPushButton* const button = buttons->addButton(text, role);
+        forms::setUpButton(*button, name, iconName, QString());
+        return button;
+    };
+    addButton(u"&Open"_s, "OpenButton", "folder", QDialogButtonBox::AcceptRole)->setDefault(true);
+    addButton(u"&Cancel"_s, "CancelButton", "cancel", QDialogButtonBox::RejectRole);
+    QObject::connect(buttons, &QDialogButtonBox::accepted, dialog, &QDialog::accept);
+    QObject::connect(buttons, &QDialogButtonBox::rejected, dialog, &QDialog::reject);
+    QObject::connect(list, &QListWidget::itemActivated, dialog, &QDialog::accept);
+    auto* const layout = new QVBoxLayout(dialog);
+    layout->addWidget(list);
+    layout->addWidget(buttons);
+    dialog->resize(460, 360);
+    const bool accepted = dialog->exec() == QDialog::Accepted;
+    if (dialog.isNull())
+        return std::nullopt;
+    std::optional<QString> chosen;
+    if (accepted && list->currentItem() != nullptr)
+        chosen = list->currentItem()->text();
+    dialog->deleteLater();
+    return chosen;
+}

@@ -1,1 +1,0 @@
-zb_window_test(mapeditorTest mapeditorTest.cpp LIBS zb_mapeditor)
