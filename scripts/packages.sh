@@ -1,18 +1,25 @@
+# SPDX-FileCopyrightText: 2026 The Zorbino team
+# SPDX-License-Identifier: MIT
+
 # shellcheck shell=bash disable=SC2034
 # The Debian packages (Debian 12) that the other scripts need, and how to get them. To be sourced.
 
 # To build the program.
-packages_build=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev)
+packages_build=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev libjpeg-dev libpng-dev)
 # To start it: the platform plugins, the renderer of the icons, a font for the windows, and Liberation for Courier New.
 packages_run=(libqt6svg6 qt6-qpa-plugins fonts-dejavu-core fonts-liberation)
 # To build and run the tests.
 packages_test=(libgtest-dev)
 # To build and run the benchmarks, with the language that they measure against.
 packages_bench=(libbenchmark-dev liblua5.4-dev pkg-config xvfb xauth)
-# What .ci/run adds to that: the formatter, the fuzzers, the validators, the package builder.
+# To see which lines the tests reach.
+packages_coverage=(gcovr)
+# What .ci/run adds to that: the formatter, clang-tidy, the fuzzers, the validators, the package builder.
 # CUPS and its PDF printer are there so that the print queue is tested for real.
-packages_ci=(git cups-daemon cups-client printer-driver-cups-pdf clang-format clang libclang-rt-14-dev desktop-file-utils
-    appstream dpkg-dev file man-db groff-base cmark-gfm)
+packages_ci=(git cups-daemon cups-client printer-driver-cups-pdf clang-format clang clang-tidy libclang-rt-14-dev
+    desktop-file-utils appstream dpkg-dev file lintian reuse man-db groff-base cmark-gfm)
+# The core for the web: its compiler, and what runs it.
+packages_web=(clang-22 lld-22 libc++-22-dev-wasm32 libc++abi-22-dev-wasm32 libclang-rt-22-dev-wasm32 wasi-libc nodejs)
 
 have_package()
 {

@@ -1,3 +1,6 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
 // Walks through the tutorial in the real windows, with the mouse and the keyboard, and takes the pictures
 // that it shows:
 //     zb_tutorial first-game.md [folder for the pictures]
@@ -5,8 +8,9 @@
 // status 1 where something does not go as the tutorial says.
 
 #include "app/Workbench.h"
-#include "forms/Forms.h"
-#include "runtime/GameFolders.h"
+#include "forms/Style.h"
+#include "forms/Texts.h"
+#include "games/GameFolders.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -218,7 +222,7 @@ private:
                 static_cast<int>(point.y() * frame->height() / frameSide)};
     }
 
-    void colour(QRgb wanted)
+    void color(QRgb wanted)
     {
         auto* const palette = control("SpriteEditor", "Palettep");
         const QImage picture = palette->grab().toImage().convertToFormat(QImage::Format_RGB32);
@@ -273,7 +277,7 @@ private:
 
     void blob(QRgb rgb, QPointF middle, double radius)
     {
-        colour(rgb);
+        color(rgb);
         stroke(ring(middle, radius, 32));
         fill(middle);
     }
@@ -283,17 +287,17 @@ private:
         blob(0x009A20, {16.5, 16.5}, 13);
         blob(0xFFFFFF, {12, 13}, 3.2);
         blob(0xFFFFFF, {21, 13}, 3.2);
-        colour(0x000000);
+        color(0x000000);
         stroke({{12.5, 13.5}, {13.5, 14.5}});
         stroke({{20.5, 13.5}, {21.5, 14.5}});
-        colour(0xFF0000);
+        color(0xFF0000);
         stroke({{10.5, 20.5}, {13.5, 23.5}, {16.5, 24.5}, {19.5, 23.5}, {22.5, 20.5}});
         shoot(window("SpriteEditor"), "sprite-editor");
     }
 
     void drawStar()
     {
-        colour(0xFFFF00);
+        color(0xFFFF00);
         stroke(ring({16.5, 17}, 14, 10, 0.45));
         fill({16, 16});
     }
@@ -475,7 +479,7 @@ int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
-    forms::dressApplication();
+    forms::setUpApplication();
     const QStringList words = QApplication::arguments();
     if (words.size() < 2)
         giveUp(u"it is not named"_s);
