@@ -3,7 +3,7 @@
 
 #include "BenchGame.h"
 
-#include "platform/TextFile.h"
+#include "platform/DiskFile.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -8,6 +8,7 @@
 #include "forms/Style.h"
 #include "forms/Texts.h"
 #include "language/ZBLProgramExp.h"
+#include "platform/DiskFile.h"
 #include "platform/Installation.h"
 #include "platform/TextFile.h"
 

@@ -3,7 +3,7 @@
 
 #include "app/InstallationRefresh.h"
 
-#include "platform/TextFile.h"
+#include "platform/DiskFile.h"
 
 #include <algorithm>
 #include <array>

@@ -6,6 +6,7 @@
 #include "app/GameModule.h"
 #include "app/PlayInWindow.h"
 #include "language/ZBLProgramExp.h"
+#include "platform/DiskFile.h"
 #include "platform/Installation.h"
 #include "platform/TextFile.h"
 #include "platform/pictures/PictureFiles.h"

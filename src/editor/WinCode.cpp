@@ -5,7 +5,7 @@
 
 #include "editor/PrintForm.h"
 #include "editor/TextPrinter.h"
-#include "platform/TextFile.h"
+#include "platform/DiskFile.h"
 
 #include <QBuffer>
 #include <QFile>

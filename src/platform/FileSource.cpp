@@ -41,25 +41,10 @@ bool matchesPattern(std::string_view name, std::string_view pattern)
         return true;
     const std::string text = lowerCase(name);
     const std::string wanted = lowerCase(pattern);
-    std::size_t at = 0;
-    std::size_t want = 0;
-    std::size_t starAt = 0;
-    std::size_t starWant = std::string::npos;
-    while (at < text.size()) {
-        if (want < wanted.size() && wanted[want] == '*') {
-            starWant = ++want;
-            starAt = at;
-        } else if (want < wanted.size() && (wanted[want] == '?' || wanted[want] == text[at])) {
-            ++at;
-            ++want;
-        } else if (starWant != std::string::npos) {
-            want = starWant;
-            at = ++starAt;
-        } else {
-            return false;
-        }
-    }
-    while (want < wanted.size() && wanted[want] == '*')
-        ++want;
-    return want == wanted.size();
+    const std::size_t star = wanted.find('*');
+    if (star == std::string::npos)
+        return text == wanted;
+    const std::string_view start = std::string_view(wanted).substr(0, star);
+    const std::string_view end = std::string_view(wanted).substr(star + 1);
+    return text.size() >= start.size() + end.size() && text.starts_with(start) && text.ends_with(end);
 }

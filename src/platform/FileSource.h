@@ -39,5 +39,6 @@ private:
 /// The parts of a product path; nothing where it is empty or has an empty or "." part.
 std::optional<std::vector<std::string_view>> partsOfProductPath(std::string_view productPath);
 
-/// True when `name` matches a DOS pattern with * and ?, without regard to case; "*.*" matches every name.
+/// True when `name` matches a pattern in which one * stands for anything, without regard to case; "*.*"
+/// matches every name.
 bool matchesPattern(std::string_view name, std::string_view pattern);

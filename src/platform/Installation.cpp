@@ -3,6 +3,7 @@
 
 #include "platform/Installation.h"
 
+#include "platform/DiskFile.h"
 #include "platform/TextFile.h"
 
 #include <algorithm>

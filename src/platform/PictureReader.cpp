@@ -3,7 +3,7 @@
 
 #include "platform/PictureReader.h"
 
-#include "platform/TextFile.h"
+#include "platform/DiskFile.h"
 
 std::optional<Surface> PictureReader::read(const std::filesystem::path& file)
 {

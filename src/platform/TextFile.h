@@ -3,8 +3,6 @@
 
 #pragma once
 
-#include "platform/DiskFile.h"
-
 #include <string>
 #include <string_view>
 #include <vector>

@@ -4,6 +4,7 @@
 #include "language/Vocabulary.h"
 
 #include "language/ZBLProgramExp.h"
+#include "platform/DiskFile.h"
 #include "platform/TextFile.h"
 
 #include <gtest/gtest.h>

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Zorbino team
 // SPDX-License-Identifier: MIT
 
+#include "platform/DiskFile.h"
 #include "support/Dialogs.h"
 #include "support/PaintingDesk.h"
 
 #include "mapeditor/MapCanvas.h"
 #include "mapeditor/MapEditor.h"
-#include "platform/TextFile.h"
 #include "platform/qt/SurfaceImage.h"
 
 #include <QAction>

@@ -3,6 +3,7 @@
 
 #include "platform/TextFile.h"
 
+#include "platform/DiskFile.h"
 #include "support/ScratchFolder.h"
 
 #include <gtest/gtest.h>

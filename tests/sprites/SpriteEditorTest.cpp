@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Zorbino team
 // SPDX-License-Identifier: MIT
 
+#include "platform/DiskFile.h"
 #include "support/Dialogs.h"
 #include "support/PaintingDesk.h"
 
-#include "platform/TextFile.h"
 #include "sprites/ColorPlate.h"
 #include "sprites/PaletteView.h"
 #include "sprites/SpriteEditor.h"

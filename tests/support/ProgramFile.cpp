@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "support/ProgramFile.h"
+#include "platform/DiskFile.h"
 
 #include "platform/NumberText.h"
 #include "platform/TextFile.h"

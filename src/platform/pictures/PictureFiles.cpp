@@ -3,7 +3,7 @@
 
 #include "platform/pictures/PictureFiles.h"
 
-#include "platform/TextFile.h"
+#include "platform/DiskFile.h"
 #include "platform/pictures/BmpReader.h"
 #include "platform/pictures/GifReader.h"
 #include "platform/pictures/JpegReader.h"

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 
 #include "runtime/world/SpriteSheet.h"
+#include "platform/DiskFile.h"
 
-#include "platform/TextFile.h"
 #include "support/Art.h"
 #include "support/FailingCalls.h"
 #include "support/TestGame.h"
