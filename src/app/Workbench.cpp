@@ -4,6 +4,7 @@
 #include "app/Workbench.h"
 
 #include "app/Tracker.h"
+#include "app/WritableCheck.h"
 #include "editor/CodeEditor.h"
 #include "forms/MessageBoxes.h"
 #include "forms/PlaceWindow.h"
@@ -79,9 +80,15 @@ void Workbench::showLibrary()
     open(m_library, *this);
 }
 
-void Workbench::showLibrary(const QImage& backdrop)
+void Workbench::start(const QImage& backdrop)
 {
     open(m_library, *this, backdrop);
+    const WritableCheck check(m_installation);
+    if (check.isWritable())
+        return;
+    // Later, over a library that can be seen.
+    QTimer::singleShot(0, m_library,
+                       [library = m_library, text = check.message()] { forms::warn(library, text); });
 }
 
 void Workbench::showGameEditor()

@@ -31,8 +31,8 @@ public:
     Workbench(const Workbench&) = delete;
     Workbench& operator=(const Workbench&) = delete;
 
-    /// Opens the library with a backdrop that has been read before.
-    void showLibrary(const QImage& backdrop);
+    /// Opens the library, with a backdrop that has been read before, and tells where nothing can be saved.
+    void start(const QImage& backdrop);
     /// Opens the progress window; messages that come before it are lost.
     void showTracker();
     /// Opens each window once, on the first game of the library; false where one does not come up.

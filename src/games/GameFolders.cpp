@@ -3,6 +3,7 @@
 
 #include "games/GameFolders.h"
 
+#include "platform/DiskFile.h"
 #include "platform/NumberText.h"
 #include "platform/TextFile.h"
 
@@ -91,6 +92,14 @@ std::vector<GameRecord> ListGames(const Installation& installation)
             games.push_back(gameRecordOf(game.folder, *bytes));
     }
     return games;
+}
+
+void ClearLeavings(const Installation& installation)
+{
+    for (const auto& name : installation.list("games")) {
+        if (const auto folder = installation.find(joined("games\\", name)))
+            clearLeftFiles(*folder);
+    }
 }
 
 std::string propertiesText(const GameRecord& game)

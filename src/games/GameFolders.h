@@ -29,6 +29,10 @@ NewGameFolder CreateGameFolder(const Installation& installation);
 /// folder without prop.zbo) are skipped; a missing line of prop.zbo is an empty text.
 std::vector<GameRecord> ListGames(const Installation& installation);
 
+/// Clears the folders of the games of what programs that were killed have left of files they were writing.
+/// May run beside everything else, in this program and in others.
+void ClearLeavings(const Installation& installation);
+
 /// The file with the author and title of a game.
 inline constexpr std::string_view propertiesFile = "prop.zbo";
 /// What it holds for `game`, and the game for what it holds; a missing line is an empty text.

@@ -14,6 +14,7 @@ namespace
 {
 
 constexpr std::string_view temporaryEnding = ".zbsave";
+constexpr std::size_t temporaryLetters = 6; // by chance, before the ending
 
 /// A file descriptor that closes itself.
 class Descriptor
@@ -51,20 +52,19 @@ bool writeAll(int handle, std::string_view bytes)
     return true;
 }
 
-/// Removes the temporary files of programs that were killed. Those of a program that is still writing are
-/// locked.
-void clearLeftFiles(const std::filesystem::path& folder)
+/// Makes a temporary file and locks it, which says that somebody still needs it; negative where that failed.
+int makeTemporary(std::string& path)
 {
-    std::error_code error;
-    for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
-         entry.increment(error)) {
-        const std::string name = entry->path().filename().string();
-        std::error_code ignored;
-        if (!isTemporaryName(name) || !std::filesystem::is_regular_file(entry->symlink_status(ignored)))
-            continue;
-        const Descriptor left(::open(entry->path().c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
-        if (left.isOpen() && ::flock(left.get(), LOCK_EX | LOCK_NB) == 0)
-            std::filesystem::remove(entry->path(), ignored);
+    const std::string wanted = path;
+    for (;;) {
+        path = wanted;
+        const int handle = ::mkostemps(path.data(), static_cast<int>(temporaryEnding.size()), O_CLOEXEC);
+        if (handle < 0)
+            return handle;
+        ::flock(handle, LOCK_EX); // waits for nobody but who is clearing just this file away
+        if (::access(path.c_str(), F_OK) == 0)
+            return handle;
+        ::close(handle);
     }
 }
 
@@ -102,13 +102,12 @@ FileReplacement::FileReplacement(const std::filesystem::path& file, std::string_
     if (::access(file.c_str(), F_OK) == 0 && ::access(file.c_str(), W_OK) != 0)
         return;
     clearLeftFiles(file.parent_path());
-    std::string temporary = (file.parent_path() / ("." + file.filename().string() + ".XXXXXX")).string();
-    temporary += temporaryEnding;
-    m_handle = ::mkostemps(temporary.data(), static_cast<int>(temporaryEnding.size()), O_CLOEXEC);
+    std::string temporary = (file.parent_path() / ("." + file.filename().string() + ".")).string();
+    temporary.append(temporaryLetters, 'X').append(temporaryEnding);
+    m_handle = makeTemporary(temporary);
     if (m_handle < 0)
         return;
     m_temporary = std::move(temporary);
-    ::flock(m_handle, LOCK_EX | LOCK_NB); // says that somebody still needs it
     struct stat old {
     };
     const bool replaces = ::stat(file.c_str(), &old) == 0;
@@ -147,5 +146,24 @@ bool writeFileWhole(const std::filesystem::path& file, std::string_view bytes)
 
 bool isTemporaryName(std::string_view name)
 {
-    return name.starts_with('.') && name.ends_with(temporaryEnding);
+    if (!name.starts_with('.') || !name.ends_with(temporaryEnding))
+        return false;
+    name.remove_suffix(temporaryEnding.size());
+    const std::size_t dot = name.rfind('.');
+    return dot > 1 && name.size() - dot - 1 == temporaryLetters;
+}
+
+void clearLeftFiles(const std::filesystem::path& folder)
+{
+    std::error_code error;
+    for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
+         entry.increment(error)) {
+        const std::string name = entry->path().filename().string();
+        std::error_code ignored;
+        if (!isTemporaryName(name) || !std::filesystem::is_regular_file(entry->symlink_status(ignored)))
+            continue;
+        const Descriptor left(::open(entry->path().c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
+        if (left.isOpen() && ::flock(left.get(), LOCK_EX | LOCK_NB) == 0)
+            std::filesystem::remove(entry->path(), ignored);
+    }
 }

@@ -42,3 +42,7 @@ private:
 
 /// Whether a name is that of a temporary file, which is nobody's file yet or has been left behind.
 bool isTemporaryName(std::string_view name);
+
+/// Removes the temporary files that programs have left in a folder when they were killed. Those of a program
+/// that is still writing are locked, and stay.
+void clearLeftFiles(const std::filesystem::path& folder);

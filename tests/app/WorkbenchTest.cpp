@@ -7,6 +7,7 @@
 
 #include "app/Workbench.h"
 #include "games/GameLock.h"
+#include "support/OrdinaryUser.h"
 #include "support/ScratchFolder.h"
 
 #include <QAction>
@@ -103,6 +104,29 @@ TEST_F(WholeProgram, GoesFromTheLibraryToTheGameEditorAndBack)
     EXPECT_EQ(in<QScrollBar>("ZorbinoMain", "scrollbar")->maximum(), 2);
     EXPECT_FALSE(in<QWidget>("ZorbinoMain", "ActionWindow")->isVisible());
     EXPECT_EQ(progress(), "ZorbinoMain.Work_click: unloaded ZorbinoMain");
+}
+
+TEST_F(WholeProgram, TellsAtTheStartWhereNothingCanBeSaved)
+{
+    const auto games = folder.path() / "games";
+    const Dialogs dialogs({u"ok"_s});
+    workbench->start(QImage());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(dialogs.boxes.size(), 0);
+    window("ZorbinoMain")->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+
+    std::filesystem::permissions(games,
+                                 std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
+    {
+        const AskedAsOrdinaryUser user;
+        workbench->start(QImage());
+    }
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !dialogs.boxes.isEmpty(); }));
+    EXPECT_EQ(dialogs.onlyText().find("You can look at the games and play them, but I can't save anything"),
+              0U);
+    EXPECT_EQ(shown("ZorbinoMain").size(), 1);
+    std::filesystem::permissions(games, std::filesystem::perms::owner_all);
 }
 
 /// Counts how often a window is brought to the front.

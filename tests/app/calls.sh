@@ -76,6 +76,15 @@ for place in nowhere/last.png games pipe; do
     check 3 "$(held 0)" run $game --dump --picture $place
 done
 [ -s last.png ] && [ ! -e none.png ] && [ -p pipe ] || failed=$((failed + 1))
+# A picture that finds no room leaves the one before it whole.
+cp last.png before.png
+(trap '' XFSZ; ulimit -f 1; exec "$zbl" run $game --picture last.png) 2>err
+found=$?
+if [ $found -ne 3 ] || ! cmp -s last.png before.png || [ "$(wc -l <err)" -ne 1 ]; then
+    echo "A picture on a full disk: status $found in place of 3; it wrote"
+    cat err
+    failed=$((failed + 1))
+fi
 # A game that wants more memory than there is ends with a message, whatever the limit. Sanitizers need too much for this.
 mkdir games/huge
 cat >games/huge/code.txt <<'END'

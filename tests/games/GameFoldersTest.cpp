@@ -3,12 +3,15 @@
 
 #include "games/GameFolders.h"
 
+#include "platform/DiskFile.h"
 #include "support/FullDisk.h"
 #include "support/ScratchFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <atomic>
+#include <thread>
 
 namespace
 {
@@ -153,6 +156,47 @@ TEST_F(GameFolders, GiveThePathsOfAGame)
     for (const char* name : {"00000001\\", "00000001"})
         EXPECT_EQ((GameRecord{"", "", name}.path()), "games\\00000001");
     EXPECT_EQ((GameRecord{"", "", "00000001\\"}.pathOf("code.txt")), "games\\00000001\\code.txt");
+}
+
+TEST_F(GameFolders, LoseWhatKilledProgramsHaveLeftAndNothingElse)
+{
+    const std::vector<std::string> left = {"games/00000001/.code.txt.aB3dE9.zbsave",
+                                           "games/00000002/.icon.bmp.000000.zbsave"};
+    const std::vector<std::string> kept = {
+        "games/00000001/code.txt",           "games/00000001/code.txt.aB3dE9",
+        "games/00000001/.diary.zbsave",      "games/00000001/.code.txt.b.zbsave",
+        "games/00000001/x.aB3dE9.zbsave",    "games/00000001/..aB3dE9.zbsave",
+        "games/.code.txt.aB3dE9.zbsave",     "zbo/.code.txt.aB3dE9.zbsave",
+        "games/00000003/.a.folder.zbsave/x", "games/00000001/.a.aB3dE9.zbsave~",
+        "games/00000001/a/.b.aB3dE9.zbsave"};
+    for (const auto& file : left)
+        folder.write(file, "half");
+    for (const auto& file : kept)
+        folder.write(file, "whole");
+    ClearLeavings(installation);
+    for (const auto& file : left)
+        EXPECT_FALSE(folder.has(file)) << file;
+    for (const auto& file : kept)
+        EXPECT_EQ(folder.read(file), "whole") << file;
+}
+
+TEST_F(GameFolders, AreClearedWhileOthersSaveWithoutHarm)
+{
+    folder.makeFolder("games/00000001");
+    FileReplacement written(folder.path() / "games/00000001/icon.bmp", "cross");
+    std::atomic<bool> isOver = false;
+    std::thread clearing([&] {
+        while (!isOver)
+            ClearLeavings(installation);
+    });
+    int failures = 0;
+    for (int save = 0; save < 100; ++save)
+        failures += installation.write("games\\00000001\\code.txt", std::to_string(save)) ? 0 : 1;
+    isOver = true;
+    clearing.join();
+    EXPECT_EQ(failures, 0);
+    EXPECT_EQ(folder.read("games/00000001/code.txt"), "99");
+    EXPECT_TRUE(written.takePlace());
 }
 
 } // namespace

@@ -20,3 +20,24 @@ inline bool asOrdinaryUser(const std::function<bool()>& test)
     int status = -1;
     return ::waitpid(child, &status, 0) == child && status == 0;
 }
+
+/// While one lives, it is an ordinary user who is asked for when the system tells what may be written.
+class AskedAsOrdinaryUser
+{
+public:
+    AskedAsOrdinaryUser()
+    {
+        if (m_old == 0)
+            static_cast<void>(!::setreuid(nobody, ::geteuid()));
+    }
+    ~AskedAsOrdinaryUser()
+    {
+        if (m_old == 0)
+            static_cast<void>(!::setreuid(m_old, ::geteuid()));
+    }
+    AskedAsOrdinaryUser(const AskedAsOrdinaryUser&) = delete;
+    AskedAsOrdinaryUser& operator=(const AskedAsOrdinaryUser&) = delete;
+
+private:
+    uid_t m_old = ::getuid();
+};

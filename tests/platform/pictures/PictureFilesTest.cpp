@@ -4,6 +4,7 @@
 #include "platform/pictures/PictureFiles.h"
 
 #include "support/Art.h"
+#include "support/FailingCalls.h"
 #include "support/TestGame.h"
 
 #include <gtest/gtest.h>
@@ -162,4 +163,25 @@ TEST(PictureFiles, AreWrittenWholeOrNotAtAll)
     ASSERT_EQ(mkfifo((folder.path() / "pipe").c_str(), 0600), 0);
     EXPECT_FALSE(writePng(picture, folder.path() / "pipe"));
     EXPECT_TRUE(std::filesystem::is_fifo(folder.path() / "pipe")); // and not replaced
+}
+
+TEST(PictureFiles, AreOldOrNewWhenTheDiskFailsAtAnyCall)
+{
+    using enum FailingCalls::Then;
+    const ScratchFolder folder;
+    const auto file = folder.path() / "picture.png";
+    PictureFiles files;
+    PictureReader& pictures = files;
+    const Surface before(3, 2, rgb(10, 20, 30));
+    const Surface after(40, 30, rgb(1, 2, 3));
+    for (const auto then : {FailOnce, FailAll}) {
+        for (int call = 1, reached = 1; reached != 0; ++call) {
+            ASSERT_TRUE(writePng(before, file));
+            const FailingCalls failing(call, then);
+            const bool wasWritten = writePng(after, file);
+            EXPECT_EQ(pictures.read(file), wasWritten ? after : before) << call;
+            reached = failing.reached() ? 1 : 0;
+            EXPECT_TRUE(wasWritten || reached != 0) << call;
+        }
+    }
 }
