@@ -34,7 +34,8 @@ add_test(NAME windows.PrintQueue
 set_tests_properties(windows.PrintQueue PROPERTIES
     ENVIRONMENT "QT_QPA_PLATFORM=offscreen" TIMEOUT 120 SKIP_RETURN_CODE 77)
 zb_window_test(ZorbinoMainTest library/ZorbinoMainTest.cpp LIBS zb_library_forms)
-zb_window_test(GameResourcesTest library/GamePicturesTest.cpp library/PropertiesTest.cpp library/ResourcesTest.cpp LIBS zb_library_forms)
+zb_window_test(GameResourcesTest library/GamePicturesTest.cpp library/PictureNameTest.cpp library/PropertiesTest.cpp
+    library/ResourcesTest.cpp LIBS zb_library_forms)
 zb_window_test(MapEditorTest mapeditor/MapEditorTest.cpp mapeditor/MapNameTest.cpp mapeditor/MapPaintingTest.cpp
     LIBS zb_mapeditor_forms)
 target_compile_definitions(MapEditorTest PRIVATE ZB_SOURCE_DIR="${CMAKE_SOURCE_DIR}")

@@ -13,7 +13,7 @@
 StartEarly::StartEarly(const std::filesystem::path& root)
     : m_backdrop(std::async(std::launch::async, [root] {
         PictureFiles pictures;
-        return ZorbinoMain::readBackdrop(Installation(root), pictures);
+        return Backdrop::read(Installation(root), pictures);
     }))
 {
     const QSize pixels = ZorbinoMain::buttonPicture * qGuiApp->devicePixelRatio();

@@ -3,7 +3,6 @@
 
 #include "app/StartEarly.h"
 #include "app/Workbench.h"
-#include "app/WritableCheck.h"
 
 #include "forms/MessageBoxes.h"
 #include "forms/Style.h"
@@ -16,6 +15,7 @@
 #include <QTimer>
 
 #include <cstdio>
+#include <future>
 #include <optional>
 
 namespace
@@ -72,12 +72,6 @@ int selfTest(Workbench& workbench)
     return good ? 0 : 1;
 }
 
-void workOn(Workbench& workbench, const QString& folder)
-{
-    workbench.module().CurrentGame = readGameRecord(workbench.installation(), forms::toUtf8(folder + u'\\'));
-    workbench.showGameEditor();
-}
-
 } // namespace
 
 int main(int argc, char* argv[])
@@ -90,36 +84,33 @@ int main(int argc, char* argv[])
 
     QCommandLineParser arguments;
     QCommandLineOption selfTestOption(u"self-test"_s);
-    QCommandLineOption workOption(u"work"_s, QString(), u"FOLDER"_s);
-    for (auto* option : {&selfTestOption, &workOption}) {
-        option->setFlags(QCommandLineOption::HiddenFromHelp); // for those who build Zorbino
-        arguments.addOption(*option);
-    }
+    selfTestOption.setFlags(QCommandLineOption::HiddenFromHelp); // for those who build Zorbino
+    arguments.addOption(selfTestOption);
     arguments.process(application);
+    const bool isSelfTest = arguments.isSet(selfTestOption);
 
     Workbench workbench(workingDirectory());
     if (!isProgramIn(workbench.installation())) {
-        if (arguments.isSet(selfTestOption))
+        if (isSelfTest)
             return 1;
         forms::warn(nullptr, wrongFolder.toString());
         return 0;
     }
-    const bool libraryComes = !arguments.isSet(workOption) && !arguments.isSet(selfTestOption);
     std::optional<StartEarly> early;
-    if (libraryComes && !qEnvironmentVariableIsSet(startPlain))
+    if (!isSelfTest && !qEnvironmentVariableIsSet(startPlain))
         early.emplace(workbench.installation().root());
+    // Beside the start, which it must not hold up; the end waits for it.
+    const auto clearing = std::async(
+        std::launch::async, [root = workbench.installation().root()] { ClearLeavings(Installation(root)); });
     FirstPaint firstPaint;
     if (qEnvironmentVariableIsSet(tellFirstPaint))
         application.installEventFilter(&firstPaint);
     workbench.showTracker();
     workbench.LogProgress(u"ZB.main"_s);
-    if (arguments.isSet(selfTestOption))
+    if (isSelfTest)
         return selfTest(workbench);
     if (early)
         early->keepIcons();
-    if (libraryComes)
-        workbench.showLibrary(early ? early->backdrop() : QImage());
-    else
-        workOn(workbench, arguments.value(workOption));
+    workbench.start(early ? early->backdrop() : QImage());
     return QApplication::exec();
 }

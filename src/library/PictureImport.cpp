@@ -3,6 +3,7 @@
 
 #include "library/PictureImport.h"
 
+#include "platform/DiskFile.h"
 #include "platform/Installation.h"
 #include "platform/PictureReader.h"
 #include "platform/TextFile.h"
@@ -85,6 +86,18 @@ PictureImport importPicture(PictureReader& pictures, const std::filesystem::path
         result.outcome = result.bytes.empty() || isTooLarge(image.size()) ? TooLarge : Ready;
     }
     return result;
+}
+
+QString whyNotAdded(const PictureImport& picture, const QString& fileName)
+{
+    if (picture.outcome != PictureImport::Outcome::TooLarge)
+        return u"I can't read the picture %1.  Maybe it is damaged, or it is no picture at all."_s.arg(
+            fileName);
+    return u"The picture %1 is too big for a game: it is %2 dots wide and %3 dots high.  Please make it "
+           u"smaller "
+           "with a painting program, and add it again."_s.arg(fileName)
+               .arg(picture.size.width())
+               .arg(picture.size.height());
 }
 
 QString importablePatterns()

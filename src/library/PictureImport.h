@@ -22,5 +22,8 @@ struct PictureImport {
 };
 PictureImport importPicture(PictureReader& pictures, const std::filesystem::path& file);
 
+/// What a child is told about a picture of that file name that is not Ready.
+QString whyNotAdded(const PictureImport& picture, const QString& fileName);
+
 /// The kinds of picture files that importPicture takes, as a file dialog wants them: "*.bmp *.BMP *.png ...".
 QString importablePatterns();

@@ -90,7 +90,7 @@ Properties::Properties(Desk& desk, GameRecord& game, QWidget* parent)
     connect(m_iconScroll, &QScrollBar::valueChanged, this, &Properties::IconScroll_Change);
 }
 
-void Properties::layOut()
+void Properties::nameControls()
 {
     m_showIcon->setObjectName(u"ShowIcon");
     m_showIcon->setAccessibleName(u"Icon of the game"_s);
@@ -105,29 +105,41 @@ void Properties::layOut()
     m_iconScroll->setFocusPolicy(Qt::StrongFocus);
     m_iconScroll->setPageStep(selectors);
     m_iconScroll->setFixedHeight(18);
+}
 
+void Properties::addRow(QFormLayout& form, const QString& caption, const char* key, QWidget* field,
+                        QWidget* target)
+{
+    form.addRow(new QLabel(caption), field);
+    auto* shortcut = new QShortcut(QKeySequence(QLatin1String(key)), this);
+    connect(shortcut, &QShortcut::activated, target, [target] { target->setFocus(Qt::ShortcutFocusReason); });
+    if (target->accessibleName().isEmpty())
+        target->setAccessibleName(caption);
+}
+
+QWidget* Properties::makeIcons()
+{
+    auto* icons = new QWidget(this);
+    auto* row = new QHBoxLayout(icons);
+    row->setContentsMargins(0, 4, 0, 0);
+    row->setSpacing(16);
+    row->addWidget(m_showIcon, 0, Qt::AlignTop);
+    row->addWidget(makeSelector());
+    row->addStretch();
+    return icons;
+}
+
+void Properties::layOut()
+{
+    nameControls();
     auto* form = new QFormLayout;
     form->setHorizontalSpacing(12);
     form->setVerticalSpacing(8);
     form->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    const auto row = [this, form](const QString& caption, const char* key, QWidget* field, QWidget* target) {
-        form->addRow(new QLabel(caption), field);
-        auto* shortcut = new QShortcut(QKeySequence(QLatin1String(key)), this);
-        connect(shortcut, &QShortcut::activated, target,
-                [target] { target->setFocus(Qt::ShortcutFocusReason); });
-        if (target->accessibleName().isEmpty())
-            target->setAccessibleName(caption);
-    };
-    row(u"Game Title"_s, "Alt+T", m_title, m_title);
-    row(u"Your Name"_s, "Alt+N", m_author, m_author);
-    auto* icons = new QWidget(this);
-    auto* iconRow = new QHBoxLayout(icons);
-    iconRow->setContentsMargins(0, 4, 0, 0);
-    iconRow->setSpacing(16);
-    iconRow->addWidget(m_showIcon, 0, Qt::AlignTop);
-    iconRow->addWidget(makeSelector());
-    iconRow->addStretch();
-    row(u"Icon"_s, "Alt+I", icons, m_iconSelector[0]);
+    addRow(*form, u"Game Title"_s, "Alt+T", m_title, m_title);
+    addRow(*form, u"Your Name"_s, "Alt+N", m_author, m_author);
+    QWidget* icons = makeIcons();
+    addRow(*form, u"Icon"_s, "Alt+I", icons, m_iconSelector[0]);
 
     auto* ok = new QPushButton(u"&Ok"_s, this);
     forms::setUpButton(*ok, "Command1", "ok", u"Close this window"_s);

@@ -10,6 +10,7 @@
 #include <array>
 
 class Desk;
+class QFormLayout;
 class QLabel;
 class QLineEdit;
 class QListWidget;
@@ -40,6 +41,9 @@ private:
     void Command1_Click();
 
     void layOut();
+    void nameControls();
+    void addRow(QFormLayout& form, const QString& caption, const char* key, QWidget* field, QWidget* target);
+    QWidget* makeIcons();
     QWidget* makeSelector();
     void showGameIcon();
     void listIcons();

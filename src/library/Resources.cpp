@@ -11,8 +11,10 @@
 #include "games/GameFolders.h"
 #include "games/GameIcon.h"
 #include "games/WritableName.h"
+#include "library/BackgroundPreviews.h"
 #include "library/GamePictures.h"
 #include "library/PictureImport.h"
+#include "library/PictureName.h"
 
 #include <QDir>
 #include <QFileDialog>
@@ -22,8 +24,6 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
-#include <QScrollBar>
-#include <QToolButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -33,7 +33,6 @@ namespace
 
 using namespace Qt::StringLiterals;
 
-constexpr QSize previewSize(120, 90);
 constexpr int spriteSide = 32;
 constexpr int picturedSprites = 100; // the others are names only: a list of thousands must open as well
 constexpr std::array<std::string_view, 3> pictureKinds = {"*.bmp", "*.gif", "*.jpg"};
@@ -84,29 +83,6 @@ QLabel* heading(const QString& text, QWidget* parent)
     return label;
 }
 
-/// The name, without an ending, under which a program can use a picture whose file has the name `wish`.
-QString pictureName(const QString& wish)
-{
-    // One letter with its accent is what a program has, where some systems keep two in the names of files.
-    QString blanks = wish.normalized(QString::NormalizationForm_C).replace(u'.', u' ').simplified();
-    const std::string name = writableName(forms::toUtf8(blanks));
-    if (name.empty())
-        return u"picture"_s;
-    return isIconName(name) ? u"icon_picture"_s : forms::fromUtf8(name);
-}
-
-QString whyNotAdded(const PictureImport& picture, const QString& fileName)
-{
-    if (picture.outcome != PictureImport::Outcome::TooLarge)
-        return u"I can't read the picture %1.  Maybe it is damaged, or it is no picture at all."_s.arg(
-            fileName);
-    return u"The picture %1 is too big for a game: it is %2 dots wide and %3 dots high.  Please make it "
-           u"smaller "
-           "with a painting program, and add it again."_s.arg(fileName)
-               .arg(picture.size.width())
-               .arg(picture.size.height());
-}
-
 } // namespace
 
 Resources::Resources(Desk& desk, GameRecord game, QWidget* parent)
@@ -114,7 +90,7 @@ Resources::Resources(Desk& desk, GameRecord game, QWidget* parent)
     , m_desk(desk)
     , m_game(std::move(game))
     , m_backgroundNames(nameList("BackgroundNames", u"Backgrounds"_s, this))
-    , m_backgroundScroll(new QScrollBar(Qt::Horizontal, this))
+    , m_previews(new BackgroundPreviews([this](const QString& name) { return previewOf(name); }, this))
     , m_spriteNames(nameList("SpriteNames", u"Sprites"_s, this))
 {
     setObjectName(u"Resources");
@@ -134,7 +110,8 @@ void Resources::layOut()
     row->addWidget(makeSprites(), 1);
 
     connect(m_backgroundNames, &QListWidget::currentRowChanged, this, &Resources::backgroundSelected);
-    connect(m_backgroundScroll, &QScrollBar::valueChanged, this, &Resources::BackgroundScroll_Change);
+    connect(m_previews, &BackgroundPreviews::picked, m_backgroundNames,
+            qOverload<int>(&QListWidget::setCurrentRow));
     connect(m_spriteNames, &QListWidget::currentRowChanged, this, &Resources::enableButtons);
     connect(m_spriteNames, &QListWidget::itemActivated, this, &Resources::EditSprite_Click);
     // Every save makes several changes, and every key in the title is a save.
@@ -176,41 +153,8 @@ QWidget* Resources::makeBackgrounds()
     grid->addWidget(heading(u"Backgrounds"_s, part), 0, 0);
     grid->addWidget(m_backgroundNames, 1, 0);
     grid->addLayout(buttons, 1, 1);
-    grid->addWidget(makePreviews(), 2, 0, 1, 2);
+    grid->addWidget(m_previews, 2, 0, 1, 2);
     grid->setRowStretch(1, 1);
-    return part;
-}
-
-QWidget* Resources::makePreviews()
-{
-    auto* part = new QWidget(this);
-    auto* grid = new QGridLayout(part);
-    grid->setContentsMargins(0, 0, 0, 0);
-    grid->setHorizontalSpacing(8);
-    grid->setVerticalSpacing(4);
-    for (int index = 0; index < previews; ++index) {
-        auto* picture = new QToolButton(part);
-        picture->setObjectName(u"ShowBackground_%1"_s.arg(index));
-        picture->setIconSize(previewSize);
-        picture->setFixedSize(previewSize + QSize(16, 16));
-        forms::letEnterPress(*picture);
-        connect(picture, &QAbstractButton::clicked, this,
-                [this, index] { m_backgroundNames->setCurrentRow(m_backgroundScroll->value() + index); });
-        auto* title = new QLabel(part);
-        title->setObjectName(u"ShowBackgroundTitle_%1"_s.arg(index));
-        title->setAlignment(Qt::AlignHCenter);
-        title->setFixedWidth(picture->width());
-        grid->addWidget(picture, 0, index);
-        grid->addWidget(title, 1, index);
-        m_showBackground[static_cast<std::size_t>(index)] = picture;
-        m_showBackgroundTitle[static_cast<std::size_t>(index)] = title;
-    }
-    m_backgroundScroll->setObjectName(u"BackgroundScroll");
-    m_backgroundScroll->setAccessibleName(u"First background shown"_s);
-    m_backgroundScroll->setFocusPolicy(Qt::StrongFocus);
-    m_backgroundScroll->setPageStep(previews);
-    m_backgroundScroll->setFixedHeight(18);
-    grid->addWidget(m_backgroundScroll, 2, 0, 1, previews);
     return part;
 }
 
@@ -249,7 +193,6 @@ void Resources::Form_Load()
 
 void Resources::relist()
 {
-    m_pictures.clear();
     ListBackgrounds();
     ListSprites();
     enableButtons();
@@ -265,8 +208,7 @@ void Resources::ListBackgrounds()
         }
     }
     fill(*m_backgroundNames, names);
-    m_backgroundScroll->setMaximum(std::max(0, m_backgroundNames->count() - previews));
-    BackgroundScroll_Change();
+    m_previews->setNames(names);
 }
 
 void Resources::ListSprites()
@@ -281,9 +223,8 @@ void Resources::ListSprites()
 void Resources::backgroundSelected()
 {
     const int row = m_backgroundNames->currentRow();
-    const int first = m_backgroundScroll->value();
     if (row >= 0)
-        m_backgroundScroll->setValue(std::clamp(first, row - previews + 1, row));
+        m_previews->bringIntoView(row);
     enableButtons();
 }
 
@@ -295,33 +236,9 @@ void Resources::enableButtons()
     m_removeSprite->setEnabled(m_spriteNames->currentRow() >= 0);
 }
 
-void Resources::BackgroundScroll_Change()
-{
-    for (int index = 0; index < previews; ++index)
-        showPreview(index);
-}
-
-void Resources::showPreview(int index)
-{
-    QToolButton& picture = *m_showBackground[static_cast<std::size_t>(index)];
-    QLabel& title = *m_showBackgroundTitle[static_cast<std::size_t>(index)];
-    const QListWidgetItem* item = m_backgroundNames->item(m_backgroundScroll->value() + index);
-    const QString name = item != nullptr ? item->text() : QString();
-    picture.setIcon(name.isEmpty() ? QPixmap() : previewOf(name));
-    picture.setEnabled(!name.isEmpty());
-    picture.setAccessibleName(name.isEmpty() ? u"No background"_s : name);
-    title.setToolTip(name);
-    title.setText(title.fontMetrics().elidedText(name, Qt::ElideMiddle, title.width()));
-}
-
 QPixmap Resources::previewOf(const QString& name)
 {
-    if (!m_pictures.contains(name)) {
-        QPixmap picture = pictureOf(m_desk, gameFile(name), previewSize, Qt::KeepAspectRatio);
-        m_pictures.insert(
-            name, picture.isNull() ? crossedBox(QSize(previewSize.height(), previewSize.height())) : picture);
-    }
-    return m_pictures.value(name);
+    return pictureOf(m_desk, gameFile(name), BackgroundPreviews::pictureSize, Qt::KeepAspectRatio);
 }
 
 void Resources::AddBackground_Click()

@@ -6,20 +6,15 @@
 #include "games/GameRecord.h"
 
 #include <QFileSystemWatcher>
-#include <QHash>
 #include <QPixmap>
 #include <QTimer>
 #include <QWidget>
 
-#include <array>
-
+class BackgroundPreviews;
 class Desk;
 class QBoxLayout;
-class QLabel;
 class QListWidget;
 class QPushButton;
-class QScrollBar;
-class QToolButton;
 
 /// The pictures of a game: its backgrounds with previews, and its sprite graphics, which are drawn from here.
 class Resources : public QWidget
@@ -38,21 +33,18 @@ private:
     void Form_Load();
     void AddBackground_Click();
     void Command1_Click();
-    void BackgroundScroll_Change();
     void NewSprite_Click();
     void EditSprite_Click();
     void RemoveSprite_Click();
 
     void layOut();
     QWidget* makeBackgrounds();
-    QWidget* makePreviews();
     QWidget* makeSprites();
     QPushButton* listButton(const char* name, const char* iconName, const QString& caption, QBoxLayout& box,
                             void (Resources::*click)());
     void relist();
     void backgroundSelected();
     void enableButtons();
-    void showPreview(int index);
     QPixmap previewOf(const QString& name);
     void addPicture(const QString& file);
     /// Writes a picture into the game, asks before it replaces one, and tells where it could not.
@@ -62,18 +54,13 @@ private:
     /// Deletes files of the game; tells the user where one stays.
     void removeFiles(const QStringList& names, const QString& shownName);
 
-    static constexpr int previews = 4;
-
     Desk& m_desk;
     const GameRecord m_game; ///< as it was when the window opened: only its folder matters
     QFileSystemWatcher m_watcher;
     QTimer m_changesSettle;
-    QHash<QString, QPixmap> m_pictures;
     QListWidget* m_backgroundNames;
     QPushButton* m_removeBackground = nullptr;
-    QScrollBar* m_backgroundScroll;
-    std::array<QToolButton*, previews> m_showBackground = {};
-    std::array<QLabel*, previews> m_showBackgroundTitle = {};
+    BackgroundPreviews* m_previews;
     QListWidget* m_spriteNames;
     QPushButton* m_editSprite = nullptr;
     QPushButton* m_removeSprite = nullptr;

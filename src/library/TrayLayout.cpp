@@ -5,6 +5,8 @@
 
 #include "platform/Rounding.h"
 
+#include <algorithm>
+
 namespace
 {
 
@@ -31,6 +33,13 @@ int slotAt(int x, int trayWidth)
     const int slotWidth = roundToInt(trayWidth / double(tilesInView));
     return slotWidth > 0 ? (x - clickMargin) / slotWidth
                          : 0; // towards zero: the left margin counts as slot 0
+}
+
+TrayStep stepInTray(int marked, int direction)
+{
+    const int slot = marked < 0 ? 0 : marked + direction;
+    const int shown = std::clamp(slot, 0, tilesInView - 1);
+    return {shown, slot - shown};
 }
 
 std::string tileText(std::string_view utf8)

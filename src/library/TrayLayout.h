@@ -18,5 +18,14 @@ int tileLeft(int slot, int trayWidth);
 /// The slot under the horizontal position `x` of the tray.
 int slotAt(int x, int trayWidth);
 
+/// Where an arrow key leads from a tile that is marked for the keyboard, -1 for none: the next slot, which
+/// may be one that holds no game, and by how many games the tray scrolls to show it.
+struct TrayStep {
+    int slot;
+    int scrolled;
+    bool operator==(const TrayStep&) const = default;
+};
+TrayStep stepInTray(int marked, int direction);
+
 /// The text padded with blanks or cut to exactly 18 characters.
 std::string tileText(std::string_view utf8);

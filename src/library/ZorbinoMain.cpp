@@ -8,20 +8,18 @@
 #include "forms/MessageBoxes.h"
 #include "forms/Texts.h"
 #include "games/GameFolders.h"
+#include "library/ActionWindow.h"
 #include "library/GamePictures.h"
 #include "library/TileArea.h"
 #include "library/TrayLayout.h"
 
-#include <QApplication>
+#include <QCoreApplication>
 #include <QEvent>
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QMouseEvent>
 #include <QPainter>
-#include <QPushButton>
-#include <QRandomGenerator>
 #include <QScrollBar>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -37,7 +35,6 @@ using namespace Qt::StringLiterals;
 constexpr QSize outerSize(600, 418);
 constexpr int iconsKept = 64;
 constexpr int headHeight = 92; // of the sky above the tray
-constexpr const char* helpProperty = "helpText";
 
 /// White letters with a black shadow, to be read on any picture.
 class Caption : public QLabel
@@ -56,38 +53,19 @@ protected:
     }
 };
 
-/// A plain sky for an installation without pictures.
-QPixmap plainSky(QSize size)
-{
-    QPixmap sky(size);
-    QPainter painter(&sky);
-    QLinearGradient blue(0, 0, 0, size.height());
-    blue.setColorAt(0, QColor(0x1d, 0x4f, 0xa0));
-    blue.setColorAt(1, QColor(0x7f, 0xc4, 0xf0));
-    painter.fillRect(QRect(QPoint(), size), blue);
-    return sky;
-}
-
 } // namespace
-
-QImage ZorbinoMain::readBackdrop(const Installation& installation, PictureReader& pictures)
-{
-    const bool first = QRandomGenerator::global()->generateDouble() > 0.5;
-    const auto file = installation.find(first ? "zbo\\zorbino1.jpg" : "zbo\\zorbino2.jpg");
-    auto surface = file ? pictures.read(*file) : std::nullopt;
-    return surface ? imageOf(std::move(*surface)) : QImage();
-}
 
 ZorbinoMain::ZorbinoMain(Desk& desk, const QImage& backdrop)
     : QWidget(nullptr)
     , m_desk(desk)
     , m_icons(iconsKept)
+    , m_picture(backdrop.isNull() ? Backdrop::read(desk.installation(), desk.pictures()) : backdrop)
 {
     setObjectName(u"ZorbinoMain"_s);
     setWindowTitle(forms::fromUtf8(ProductName));
     setAttribute(Qt::WA_DeleteOnClose);
     layOut();
-    Form_Load(backdrop.isNull() ? readBackdrop(desk.installation(), desk.pictures()) : backdrop);
+    Form_Load();
 }
 
 void ZorbinoMain::layOut()
@@ -180,50 +158,12 @@ QWidget* ZorbinoMain::makeToolRow()
     return tools;
 }
 
-QFrame* ZorbinoMain::makeActionWindow()
+ActionWindow* ZorbinoMain::makeActionWindow()
 {
-    auto* panel = new QFrame(this);
-    panel->setObjectName(u"ActionWindow"_s);
-    panel->setAccessibleName(u"The game that you picked"_s);
-    panel->setStyleSheet(u"#ActionWindow { background: palette(window); border: 2px solid "
-                         "palette(highlight); border-radius: 14px; }"_s);
-    m_gamePicture = new TileArea("GamePicture", outerSize.width() / tilesInView, panel);
-    m_gamePicture->setAccessibleName(u"Picture of the game"_s);
-    m_gamePicture->setFixedSize(firstTileLeft + outerSize.width() / tilesInView,
-                                m_gamePicture->sizeHint().height());
-    m_help = new QLabel(panel);
-    m_help->setObjectName(u"Help"_s);
-    m_help->setWordWrap(true);
-    m_help->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
-    m_help->setFixedHeight(m_help->fontMetrics().lineSpacing() * 2 + 4); // 4: lines are rounded up
-
-    auto* upper = new QHBoxLayout;
-    upper->setSpacing(16);
-    upper->addWidget(m_gamePicture, 0, Qt::AlignVCenter);
-    upper->addLayout(makeActions(panel));
-    explain(panel, QString());
-    explain(m_gamePicture, QString());
-    auto* column = new QVBoxLayout(panel);
-    constexpr int margin = 16;
-    column->setContentsMargins(margin, margin, margin, 8);
-    column->setSpacing(8);
-    column->addLayout(upper);
-    column->addWidget(m_help);
-    // Half of the longest help and a word more, so that two lines hold it in a large font too.
-    panel->setMinimumWidth(
-        std::clamp(longestHelp() * 5 / 8 + 2 * margin, 420, outerSize.width() - 2 * margin));
-    panel->hide();
-    return panel;
-}
-
-struct ZorbinoMain::GameAction {
-    forms::ActionOf<ZorbinoMain> row; ///< without a tip, which would cover the game
-    const char16_t* help;
-};
-
-std::span<const ZorbinoMain::GameAction> ZorbinoMain::gameActions()
-{
-    static constexpr GameAction actions[] = {
+    static constexpr struct {
+        forms::ActionOf<ZorbinoMain> row; // without a tip, which would cover the game
+        const char16_t* help;
+    } actions[] = {
         {{{"Work", "work", u"&Work on this Game", u""}, &ZorbinoMain::Work_Click},
          u"You can work on a game that is not finished yet, or change a completed game."},
         {{{"PlayGame", "playgame", u"&Play this Game", u""}, &ZorbinoMain::PlayGame_Click},
@@ -235,64 +175,25 @@ std::span<const ZorbinoMain::GameAction> ZorbinoMain::gameActions()
         {{{"Cancel", "cancel", u"&Cancel", u""}, &ZorbinoMain::Cancel_Click},
          u"Press cancel to look at a different game."},
     };
-    return actions;
-}
-
-QLayout* ZorbinoMain::makeActions(QWidget* panel)
-{
-    auto* buttons = new QVBoxLayout;
-    buttons->setSpacing(8);
-    for (const GameAction& action : gameActions()) {
-        auto* button = new QPushButton(panel);
-        forms::setUpButton(*button, action.row);
-        button->setAccessibleDescription(QString::fromUtf16(action.help));
-        button->setIconSize(QSize(32, 24)); // with some room beside the caption
-        connect(button, &QAbstractButton::clicked, this, action.row.handler);
-        explain(button, QString::fromUtf16(action.help));
-        buttons->addWidget(button);
-        if (m_work == nullptr)
-            m_work = button;
-    }
-    return buttons;
-}
-
-int ZorbinoMain::longestHelp() const
-{
-    int longest = 0;
-    for (const GameAction& action : gameActions())
-        longest = std::max(longest, m_help->fontMetrics().horizontalAdvance(QString::fromUtf16(action.help)));
-    return longest;
-}
-
-void ZorbinoMain::explain(QWidget* control, const QString& help)
-{
-    control->setProperty(helpProperty, help);
-    control->setMouseTracking(true);
-    control->installEventFilter(this);
+    auto* panel = new ActionWindow(outerSize.width() / tilesInView, this);
+    for (const auto& [row, help] : actions)
+        connect(panel->addAction(row, QString::fromUtf16(help)), &QAbstractButton::clicked, this,
+                row.handler);
+    panel->takeWidth(outerSize.width());
+    return panel;
 }
 
 bool ZorbinoMain::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == m_tray && event->type() == QEvent::Wheel && m_scrollbar->isEnabled())
         return QCoreApplication::sendEvent(m_scrollbar, event);
-    // The second half of a double click on a tile falls on the panel that has come up: it means no button.
-    if (watched != m_tray && event->type() == QEvent::MouseButtonDblClick &&
-        m_sincePicked.elapsed() < QApplication::doubleClickInterval())
-        return true;
-    if (watched != m_tray && event->type() == QEvent::MouseMove) {
-        // A button passes its moves on to the panel behind it, which means only its bare places.
-        const auto* control = static_cast<QWidget*>(watched);
-        if (control->childAt(static_cast<QMouseEvent*>(event)->position().toPoint()) == nullptr)
-            m_help->setText(control->property(helpProperty).toString());
-    }
     return QWidget::eventFilter(watched, event);
 }
 
-void ZorbinoMain::Form_Load(const QImage& picture)
+void ZorbinoMain::Form_Load()
 {
     setCursor(Qt::WaitCursor);
     m_scrollbar->setEnabled(false);
-    m_picture = picture.isNull() ? plainSky(outerSize) : QPixmap::fromImage(picture);
     resize(outerSize); // less the frame, as soon as there is one
     m_scrollbar->setMinimum(1);
     refreshGames();
@@ -305,13 +206,10 @@ void ZorbinoMain::Form_Load(const QImage& picture)
 
 void ZorbinoMain::spreadBackdrop()
 {
-    // One pixel to one as long as the picture covers the window; a larger window gets a larger picture.
-    const bool covers = m_picture.width() >= width() && m_picture.height() >= height();
-    m_backdrop = covers ? m_picture
-                        : m_picture.scaled(size(), Qt::KeepAspectRatioByExpanding, Qt::SmoothTransformation);
+    m_backdrop = m_picture.filling(size());
     m_tray->setBackdrop(m_backdrop, m_tray->pos());
     const QPoint behindPanel = m_tray->pos() + QPoint(m_tray->width() / 4, 0);
-    m_gamePicture->setBackdrop(m_backdrop, behindPanel);
+    m_actionWindow->gamePicture().setBackdrop(m_backdrop, behindPanel);
 }
 
 void ZorbinoMain::refreshGames()
@@ -385,33 +283,27 @@ void ZorbinoMain::GameTray_Key(int key)
             pick(m_tray->marked() + m_scrollbar->value());
         return;
     }
-    const int slot = m_tray->marked() < 0 ? 0 : m_tray->marked() + (key == Qt::Key_Right ? 1 : -1);
-    if (slot < 0 || slot >= tilesInView)
-        m_scrollbar->setValue(m_scrollbar->value() + (slot < 0 ? -1 : 1));
-    m_tray->setMarked(std::clamp(slot, 0, std::max(0, m_tray->count() - 1)));
+    const TrayStep step = stepInTray(m_tray->marked(), key == Qt::Key_Right ? 1 : -1);
+    m_scrollbar->setValue(m_scrollbar->value() + step.scrolled);
+    m_tray->setMarked(std::clamp(step.slot, 0, std::max(0, m_tray->count() - 1)));
 }
 
 void ZorbinoMain::pick(int index)
 {
     if (index < 1 || index > static_cast<int>(m_games.size()))
         return;
-    m_sincePicked.start();
     DisableTray();
     const GameRecord& game = m_games[static_cast<std::size_t>(index - 1)];
     m_desk.module().CurrentGame = game;
-    m_gamePicture->clear();
-    DrawGameTile(*m_gamePicture, game, firstTileLeft, tileTop);
-    m_help->clear();
-    centreActionWindow();
-    m_actionWindow->show();
-    m_actionWindow->raise();
-    m_work->setFocus();
+    m_actionWindow->gamePicture().clear();
+    DrawGameTile(m_actionWindow->gamePicture(), game, firstTileLeft, tileTop);
+    m_actionWindow->open();
 }
 
 void ZorbinoMain::Cancel_Click()
 {
     m_actionWindow->hide();
-    m_gamePicture->clear();
+    m_actionWindow->gamePicture().clear();
     EnableTray();
     m_tray->setFocus();
 }
@@ -518,7 +410,7 @@ void ZorbinoMain::resizeEvent(QResizeEvent* event)
     layout()->activate(); // the tray has its new width from here on
     spreadBackdrop();
     if (m_actionWindow->isVisible())
-        centreActionWindow();
+        m_actionWindow->centre();
     drawTray();
 }
 
@@ -541,7 +433,7 @@ void ZorbinoMain::takeOuterSize()
         return;
     m_hasOuterSize = true;
     resize(outerSize.shrunkBy(frame));
-    centreActionWindow();
+    m_actionWindow->centre();
 }
 
 void ZorbinoMain::keyPressEvent(QKeyEvent* event)
@@ -550,10 +442,4 @@ void ZorbinoMain::keyPressEvent(QKeyEvent* event)
         Cancel_Click();
     else
         QWidget::keyPressEvent(event);
-}
-
-void ZorbinoMain::centreActionWindow()
-{
-    m_actionWindow->adjustSize();
-    m_actionWindow->move((width() - m_actionWindow->width()) / 2, (height() - m_actionWindow->height()) / 2);
 }

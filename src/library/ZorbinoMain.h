@@ -5,24 +5,20 @@
 
 #include "forms/ActionRow.h"
 #include "games/GameRecord.h"
+#include "library/Backdrop.h"
 
 #include <QCache>
-#include <QElapsedTimer>
 #include <QImage>
 #include <QPixmap>
 #include <QWidget>
 
 #include <array>
-#include <span>
 #include <vector>
 
+class ActionWindow;
 class Desk;
-class Installation;
-class PictureReader;
 class QAbstractButton;
-class QFrame;
 class QLabel;
-class QLayout;
 class QScrollBar;
 class TileArea;
 
@@ -36,9 +32,6 @@ public:
     /// Without a backdrop it reads one itself.
     explicit ZorbinoMain(Desk& desk, const QImage& backdrop = QImage());
 
-    /// One of the two pictures of the library, by chance; a null image where it cannot be read. In any
-    /// thread.
-    static QImage readBackdrop(const Installation& installation, PictureReader& pictures);
     /// The pictures of the big buttons, and how large they are.
     static constexpr std::array buttonIcons = {"create", "unpack", "special", "exit"};
     static constexpr QSize buttonPicture{68, 68};
@@ -57,7 +50,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void Form_Load(const QImage& picture);
+    void Form_Load();
     void GameTray_MouseDown(int x);
     void scrollbar_Change();
     void Work_Click();
@@ -73,13 +66,8 @@ private:
 
     void layOut();
     QWidget* makeToolRow();
-    QFrame* makeActionWindow();
-    struct GameAction;
-    static std::span<const GameAction> gameActions();
-    QLayout* makeActions(QWidget* panel);
-    int longestHelp() const;
+    ActionWindow* makeActionWindow();
     QAbstractButton* toolButton(const forms::ActionOf<ZorbinoMain>& row, QSize iconSize);
-    void explain(QWidget* control, const QString& help);
     void setTrayEnabled(bool on);
     void spreadBackdrop();
     void refreshGames();
@@ -88,24 +76,19 @@ private:
     void pick(int index);
     void sayNotEnabled();
     void GameTray_Key(int key);
-    void centreActionWindow();
     void takeOuterSize();
 
     Desk& m_desk;
     std::vector<GameRecord> m_games;
     QCache<QString, QPixmap> m_icons;
-    QElapsedTimer m_sincePicked;
-    QPixmap m_picture;  ///< the background as it was loaded
-    QPixmap m_backdrop; ///< as it fills the window
+    const Backdrop m_picture;
+    QPixmap m_backdrop; ///< the picture as it fills the window
     bool m_hasOuterSize = false;
 
     TileArea* m_tray = nullptr;
     QScrollBar* m_scrollbar = nullptr;
     QLabel* m_tempPic = nullptr;
-    QFrame* m_actionWindow = nullptr;
-    TileArea* m_gamePicture = nullptr;
-    QLabel* m_help = nullptr;
-    QAbstractButton* m_work = nullptr;
+    ActionWindow* m_actionWindow = nullptr;
     QAbstractButton* m_createButton = nullptr;
     QAbstractButton* m_unPackButton = nullptr;
     QAbstractButton* m_specialButton = nullptr;

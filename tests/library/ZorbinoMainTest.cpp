@@ -50,7 +50,8 @@ protected:
         window->setAttribute(Qt::WA_DeleteOnClose, false);
         window->show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(window.get()));
-        QTest::qWait(50); // the frame comes a little later
+        ASSERT_TRUE(QTest::qWaitFor( // the frame comes a little later
+            [this] { return window->frameGeometry().size() == QSize(600, 418); }));
     }
 
     template<typename Control> Control* control(const char* name) const
@@ -94,6 +95,18 @@ TEST(TrayLayout, FindsTheSlotUnderThePointer)
                   {490, 600, 4}, {599, 600, 4}, {3, 2, 0}};
     for (const auto& point : points)
         EXPECT_EQ(slotAt(point.x, point.width), point.slot) << point.x;
+}
+
+TEST(TrayLayout, StepsFromTileToTileAndScrollsAtTheEnds)
+{
+    const struct {
+        int marked;
+        int direction;
+        TrayStep step;
+    } steps[] = {{-1, 1, {0, 0}}, {-1, -1, {0, 0}}, {0, 1, {1, 0}},
+                 {3, -1, {2, 0}}, {4, 1, {4, 1}},   {0, -1, {0, -1}}};
+    for (const auto& [marked, direction, step] : steps)
+        EXPECT_EQ(stepInTray(marked, direction), step) << marked << ' ' << direction;
 }
 
 TEST(TrayLayout, WritesExactlyEighteenCharacters)
