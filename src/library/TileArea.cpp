@@ -20,12 +20,31 @@ constexpr int authorOffset = 95; // below the icon
 constexpr int lineHeight = 16;
 constexpr int textSize = 13; // in pixels: the place above the icon does not grow with the desktop's font
 constexpr int smallTextSize = 10;
-constexpr double narrowest = 0.7; // at the full size
+constexpr int smallLineHeight = 11; // of two lines, which share the place of one and what is free beside it
+constexpr double narrowest = 0.7;   // at the full size
 
 /// How much narrower than it is a text must be drawn to find room.
 double narrowingOf(const QFont& font, const QString& text, double room)
 {
     return std::min(1.0, room / std::max(1, QFontMetrics(font).horizontalAdvance(text.trimmed())));
+}
+
+/// White letters with a black shadow.
+void drawLine(QPainter& painter, const QString& text, QPoint at, const QFont& font, double room)
+{
+    // Long texts get narrow letters. A narrow font would look the same, but take its time to be found.
+    const double narrow = narrowingOf(font, text, room);
+    const QFontMetrics metrics(font);
+    painter.save();
+    painter.setClipRect(QRectF(at, QSizeF(room + 2, lineHeight + 1)));
+    painter.setFont(font);
+    painter.translate(at);
+    painter.scale(narrow, 1);
+    painter.setPen(Qt::black);
+    painter.drawText(QPointF(1 / narrow, metrics.ascent() + 1), text);
+    painter.setPen(Qt::white);
+    painter.drawText(QPointF(0, metrics.ascent()), text);
+    painter.restore();
 }
 
 } // namespace
@@ -74,36 +93,29 @@ void TileArea::setMarked(int slot)
     update();
 }
 
-void TileArea::drawText(QPainter& painter, const QString& text, QPoint at, bool italic) const
+void TileArea::drawText(QPainter& painter, const QString& text, QPoint at, Place place) const
 {
     QFont plain = font();
     plain.setPixelSize(textSize);
-    plain.setItalic(italic);
+    plain.setItalic(place == Place::BelowIcon);
     // Up to the frame of a marked tile; the last tile's slot ends early.
     const double room = std::min(m_slotWidth - 12, width() - at.x() - 4);
     if (narrowingOf(plain, text, room) < narrowest)
         plain.setPixelSize(smallTextSize);
-    // Long texts get narrow letters. A narrow font would look the same, but take its time to be found.
-    const double narrow = narrowingOf(plain, text, room);
-    const QFontMetrics metrics(plain);
-    painter.save();
-    painter.setClipRect(QRectF(at, QSizeF(room + 2, lineHeight + 1)));
-    painter.setFont(plain);
-    painter.translate(at);
-    painter.scale(narrow, 1);
-    painter.setPen(Qt::black);
-    painter.drawText(QPointF(1 / narrow, metrics.ascent() + 1), text);
-    painter.setPen(Qt::white);
-    painter.drawText(QPointF(0, metrics.ascent()), text);
-    painter.restore();
+    if (narrowingOf(plain, text, room) >= narrowest)
+        return drawLine(painter, text, at, plain, room);
+    const auto [first, second] = inTwoLines(text);
+    at.ry() -= place == Place::AboveIcon ? smallLineHeight - 2 : 2;
+    drawLine(painter, first, at, plain, room);
+    drawLine(painter, second, at + QPoint(0, smallLineHeight), plain, room);
 }
 
 void TileArea::drawTile(QPainter& painter, const Tile& tile) const
 {
     const QPoint at(tile.left, tile.top);
-    drawText(painter, tile.title, at, false);
+    drawText(painter, tile.title, at, Place::AboveIcon);
     painter.drawPixmap(at + QPoint(0, iconOffset), tile.icon);
-    drawText(painter, tile.author, at + QPoint(0, authorOffset), true);
+    drawText(painter, tile.author, at + QPoint(0, authorOffset), Place::BelowIcon);
 }
 
 void TileArea::paintEvent(QPaintEvent*)
@@ -120,7 +132,7 @@ void TileArea::paintEvent(QPaintEvent*)
             painter.setRenderHint(QPainter::Antialiasing);
             painter.setPen(QPen(palette().highlight(), 3));
             painter.setBrush(QColor(255, 255, 255, 70));
-            painter.drawRoundedRect(tile.left - 10, tile.top - 6, m_slotWidth, authorOffset + lineHeight + 11,
+            painter.drawRoundedRect(tile.left - 10, tile.top - 8, m_slotWidth, authorOffset + lineHeight + 15,
                                     8, 8);
         }
         drawTile(painter, tile);

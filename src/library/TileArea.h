@@ -49,7 +49,8 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
-    void drawText(QPainter& painter, const QString& text, QPoint at, bool italic) const;
+    enum class Place { AboveIcon, BelowIcon };
+    void drawText(QPainter& painter, const QString& text, QPoint at, Place place) const;
     void drawTile(QPainter& painter, const Tile& tile) const;
 
     std::vector<Tile> m_tiles;

@@ -55,3 +55,21 @@ std::string tileText(std::string_view utf8)
         text.append(tileCharacters - characters, ' ');
     return text;
 }
+
+std::pair<QString, QString> inTwoLines(const QString& padded)
+{
+    constexpr qsizetype longestLine = 12;
+    const QString text = padded.trimmed();
+    const auto longerPart = [&](qsizetype at) { return std::max(at, text.size() - at); };
+    qsizetype best = text.size();
+    for (qsizetype at = 0; at < text.size(); ++at) {
+        if (text[at] == u' ' && longerPart(at) < longerPart(best))
+            best = at;
+    }
+    if (longerPart(best) > longestLine) {
+        best = (text.size() + 1) / 2;
+        if (best < text.size() && text[best].isLowSurrogate())
+            ++best; // the two halves of a letter stay together
+    }
+    return {text.first(best).trimmed(), text.sliced(best).trimmed()};
+}

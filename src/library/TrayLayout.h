@@ -3,8 +3,11 @@
 
 #pragma once
 
+#include <QString>
+
 #include <string>
 #include <string_view>
+#include <utility>
 
 // Where the tiles of the library's tray stand, and what is written on them. No window in here.
 
@@ -29,3 +32,7 @@ TrayStep stepInTray(int marked, int direction);
 
 /// The text padded with blanks or cut to exactly 18 characters.
 std::string tileText(std::string_view utf8);
+
+/// A text of a tile that one line has no room for, as two: between words where both lines get short by that,
+/// else in its middle.
+std::pair<QString, QString> inTwoLines(const QString& padded);

@@ -120,6 +120,26 @@ TEST(TrayLayout, WritesExactlyEighteenCharacters)
               "2345678901234567\xc3\xb6");
 }
 
+TEST(TrayLayout, BreaksWideTextsBetweenWordsOrInTheMiddle)
+{
+    const struct {
+        const char16_t* text;
+        const char16_t* first;
+        const char16_t* second;
+    } texts[] = {
+        {u"WWWWWWWWWWWWWWWWWW", u"WWWWWWWWW", u"WWWWWWWWW"},
+        {u"WWWWW MMMMM WWW   ", u"WWWWW", u"MMMMM WWW"},
+        {u"WWWWWWW MMMMMM WWW", u"WWWWWWW", u"MMMMMM WWW"},
+        {u"W WWWWWWWWWWWWWWWW", u"W WWWWWWW", u"WWWWWWWWW"}, // one of the lines would stay long
+        {u"\U0001F680\U0001F680\U0001F680\U0001F680\U0001F680\U0001F680\U0001F680",
+         u"\U0001F680\U0001F680\U0001F680\U0001F680", u"\U0001F680\U0001F680\U0001F680"},
+        {u"                  ", u"", u""},
+    };
+    for (const auto& [text, first, second] : texts)
+        EXPECT_EQ(inTwoLines(QString::fromUtf16(text)),
+                  std::pair(QString::fromUtf16(first), QString::fromUtf16(second)));
+}
+
 TEST_F(Library, TakesItsOuterSizeAndCentresThePanel)
 {
     open(1);
