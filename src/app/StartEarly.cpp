@@ -11,14 +11,14 @@
 #include <QGuiApplication>
 
 StartEarly::StartEarly(const std::filesystem::path& root)
-    : m_backdrop(std::async(std::launch::async, [root] {
+    : m_backdrop(std::async([root] {
         PictureFiles pictures;
         return Backdrop::read(Installation(root), pictures);
     }))
 {
     const QSize pixels = ZorbinoMain::buttonPicture * qGuiApp->devicePixelRatio();
     for (const char* name : ZorbinoMain::buttonIcons)
-        m_icons.emplace_back(name, std::async(std::launch::async, forms::drawIcon, name, pixels));
+        m_icons.emplace_back(name, std::async(forms::drawIcon, name, pixels));
 }
 
 StartEarly::~StartEarly() = default; // waits for what nobody has fetched

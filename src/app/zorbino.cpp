@@ -99,9 +99,10 @@ int main(int argc, char* argv[])
     std::optional<StartEarly> early;
     if (!isSelfTest && !qEnvironmentVariableIsSet(startPlain))
         early.emplace(workbench.installation().root());
-    // Beside the start, which it must not hold up; the end waits for it.
-    const auto clearing = std::async(
-        std::launch::async, [root = workbench.installation().root()] { ClearLeavings(Installation(root)); });
+    // Beside the start, which it must not hold up; the end waits for it. Not at all where there is no memory
+    // for a thread.
+    const auto clearing =
+        std::async([root = workbench.installation().root()] { ClearLeavings(Installation(root)); });
     FirstPaint firstPaint;
     if (qEnvironmentVariableIsSet(tellFirstPaint))
         application.installEventFilter(&firstPaint);

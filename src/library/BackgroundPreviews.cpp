@@ -43,17 +43,33 @@ void BackgroundPreviews::addPreview(int index)
 {
     auto* picture = new QToolButton(this);
     picture->setObjectName(u"ShowBackground_%1"_s.arg(index));
-    picture->setIconSize(pictureSize);
-    picture->setFixedSize(pictureSize + QSize(16, 16));
     forms::letEnterPress(*picture);
     connect(picture, &QAbstractButton::clicked, this,
             [this, index] { Q_EMIT picked(m_scroll->value() + index); });
     auto* title = new QLabel(this);
     title->setObjectName(u"ShowBackgroundTitle_%1"_s.arg(index));
     title->setAlignment(Qt::AlignHCenter);
-    title->setFixedWidth(picture->width());
     m_showBackground[static_cast<std::size_t>(index)] = picture;
     m_showBackgroundTitle[static_cast<std::size_t>(index)] = title;
+    setPictureSize(index, pictureSize);
+}
+
+void BackgroundPreviews::setPictureSize(int index, QSize size)
+{
+    QToolButton& picture = *m_showBackground[static_cast<std::size_t>(index)];
+    picture.setIconSize(size);
+    picture.setFixedSize(size + QSize(16, 16));
+    m_showBackgroundTitle[static_cast<std::size_t>(index)]->setFixedWidth(picture.width());
+}
+
+void BackgroundPreviews::shrinkBy(int width)
+{
+    constexpr int narrowest = 60;
+    const int pictureWidth = std::max(narrowest, pictureSize.width() - (width + previews - 1) / previews);
+    const QSize size = pictureSize.scaled(pictureWidth, pictureSize.height(), Qt::KeepAspectRatio);
+    for (int index = 0; index < previews; ++index)
+        setPictureSize(index, size);
+    BackgroundScroll_Change(); // titles are cut to their width
 }
 
 void BackgroundPreviews::setNames(const QStringList& names)

@@ -20,11 +20,14 @@ class BackgroundPreviews : public QWidget
 {
     Q_OBJECT
 public:
+    /// How large the pictures are where the screen has room for them.
     static constexpr QSize pictureSize{120, 90};
 
     /// `read` gives the picture of a name, null where it cannot be read; it is asked once for each name.
     BackgroundPreviews(std::function<QPixmap(const QString& name)> read, QWidget* parent);
 
+    /// Makes all pictures together narrower by this, as far as they can still be told from each other.
+    void shrinkBy(int width);
     /// Shows other backgrounds, or what has become of the same ones.
     void setNames(const QStringList& names);
     /// Scrolls as little as shows this one.
@@ -35,6 +38,7 @@ Q_SIGNALS:
 
 private:
     void addPreview(int index);
+    void setPictureSize(int index, QSize size);
     void BackgroundScroll_Change();
     void showPreview(int index);
     QPixmap pictureOf(const QString& name);

@@ -143,6 +143,7 @@ void Properties::layOut()
 
     auto* ok = new QPushButton(u"&Ok"_s, this);
     forms::setUpButton(*ok, "Command1", "ok", u"Close this window"_s);
+    ok->setIconSize(QSize(28, 20)); // with some room beside the caption
     connect(ok, &QAbstractButton::clicked, this, &Properties::Command1_Click);
     auto* lower = new QHBoxLayout;
     lower->addWidget(m_notSaved);

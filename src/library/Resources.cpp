@@ -24,6 +24,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScreen>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -98,6 +99,7 @@ Resources::Resources(Desk& desk, GameRecord game, QWidget* parent)
     setAttribute(Qt::WA_DeleteOnClose);
     layOut();
     Form_Load();
+    fitScreen();
     adjustSize(); // no larger than its parts want it
 }
 
@@ -121,12 +123,24 @@ void Resources::layOut()
     connect(&m_changesSettle, &QTimer::timeout, this, &Resources::relist);
 }
 
+/// The previews make room for large letters on a small screen.
+void Resources::fitScreen()
+{
+    constexpr int frame = 16; // that the desktop may put around a window
+    const int excess = minimumSizeHint().width() + frame - screen()->availableGeometry().width();
+    if (excess <= 0)
+        return;
+    m_previews->shrinkBy(excess);
+    for (QWidget* part = m_previews; part != parentWidget(); part = part->parentWidget())
+        part->layout()->activate(); // passes the new size on, now and not with the next event
+}
+
 QPushButton* Resources::listButton(const char* name, const char* iconName, const QString& caption,
                                    QBoxLayout& box, void (Resources::*click)())
 {
     auto* button = new QPushButton(caption, this);
     forms::setUpButton(*button, name, iconName, QString());
-    button->setIconSize(QSize(24, 24));
+    button->setIconSize(QSize(32, 24)); // with some room beside the caption
     connect(button, &QAbstractButton::clicked, this, click);
     box.addWidget(button);
     return button;

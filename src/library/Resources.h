@@ -38,6 +38,7 @@ private:
     void RemoveSprite_Click();
 
     void layOut();
+    void fitScreen();
     QWidget* makeBackgrounds();
     QWidget* makeSprites();
     QPushButton* listButton(const char* name, const char* iconName, const QString& caption, QBoxLayout& box,

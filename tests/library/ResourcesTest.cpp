@@ -110,6 +110,21 @@ TEST_F(GameResources, PreviewsBeyondTheLastPictureAreEmpty)
     }
 }
 
+TEST_F(GameResources, FitsTheScreenInLargeLetters)
+{
+    const QFont usual = QApplication::font();
+    QFont large = usual;
+    large.setPointSizeF(usual.pointSizeF() * 1.6);
+    QApplication::setFont(large);
+    open({"a.bmp", "b.bmp", "c.bmp", "d.bmp", "ball.spr"});
+    QApplication::setFont(usual);
+    EXPECT_LT(window->width(), window->screen()->availableGeometry().width());
+    const QSize size = control<QToolButton>("ShowBackground", 3)->iconSize();
+    EXPECT_GE(size.width(), 60);
+    EXPECT_EQ(size.width() * 3 / 4, size.height());
+    EXPECT_TRUE(window->rect().contains(control<QWidget>("RemoveSprite")->mapTo(window.get(), QPoint())));
+}
+
 TEST_F(GameResources, AddsAPictureUnderAWritableName)
 {
     open({"zoo.bmp"});
