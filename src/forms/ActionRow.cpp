@@ -5,10 +5,14 @@
 
 #include "forms/Icons.h"
 
+#include <QAction>
+#include <QToolBar>
 #include <QToolButton>
 
 namespace forms
 {
+
+using namespace Qt::StringLiterals;
 
 void setUpButton(QAbstractButton& button, const ActionRow& row)
 {
@@ -25,6 +29,27 @@ QToolButton* makeToolButton(const ActionRow& row, QSize iconSize, QWidget* paren
     if (!button->text().isEmpty())
         button->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     return button;
+}
+
+QAction* makeAction(const MenuRow& row, QObject* parent)
+{
+    auto* action = new QAction(icon(row.icon), QString::fromUtf16(row.menuText), parent);
+    const QString keys = QString::fromUtf16(row.keys);
+    action->setObjectName(QLatin1StringView(row.name));
+    action->setIconText(QString::fromUtf16(row.caption));
+    action->setShortcut(QKeySequence(keys));
+    action->setToolTip(QString::fromUtf16(row.tip) + u" (%1)"_s.arg(keys));
+    return action;
+}
+
+void addButton(QToolBar& bar, QAction& action, int smallestWidth)
+{
+    bar.addAction(&action);
+    QWidget* button = bar.widgetForAction(&action);
+    button->setObjectName(action.objectName() + "Button"_L1);
+    button->setAccessibleName(action.iconText());
+    button->setFocusPolicy(Qt::TabFocus);
+    button->setMinimumWidth(smallestWidth);
 }
 
 } // namespace forms

@@ -21,6 +21,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <functional>
 
 namespace
 {
@@ -41,40 +42,31 @@ QIcon pictureOf(const SpriteModel& model)
     return picture;
 }
 
-} // namespace
-
-std::optional<QString> chooseSprite(QWidget* parent, const Installation& installation,
-                                    PictureReader& pictures, const std::string& folder)
+/// A list of sprites that shows what they look like.
+QListWidget* makeList(const QStringList& names, const std::function<QIcon(const QString&)>& iconFor,
+                      QWidget* parent)
 {
-    const QStringList names = forms::inNameOrder(spriteNames(installation, folder));
-    if (names.isEmpty()) {
-        forms::tell(parent, u"There is no sprite in this game yet. Draw one and save it!"_s);
-        return std::nullopt;
-    }
-    const QPointer<QDialog> dialog(new QDialog(parent));
-    dialog->setObjectName(u"OpenSpriteBox"_s);
-    dialog->setWindowTitle(u"Open Sprite"_s);
-    auto* const list = new QListWidget(dialog);
+    auto* const list = new QListWidget(parent);
     list->setObjectName(u"SpriteList"_s);
     list->setAccessibleName(u"Sprites of this game"_s);
     list->setIconSize(QSize(side, side));
     list->setViewMode(QListView::IconMode);
     list->setResizeMode(QListView::Adjust);
     list->setMovement(QListView::Static);
-    list->setGridSize(
-        {std::max(side, list->fontMetrics().averageCharWidth() * 14) + 16,
-         side + list->fontMetrics().height() + 16}); // a long name does not push the others away
+    const QFontMetrics font = list->fontMetrics();
+    // A long name does not push the others away.
+    list->setGridSize({std::max(side, font.averageCharWidth() * 14) + 16, side + font.height() + 16});
     for (const QString& name : names) {
         auto* const item = new QListWidgetItem(name, list);
-        item->setToolTip(item->text());
-        SpriteModel model;
-        if (list->count() <= mostPictures &&
-            isLoaded(loadSprite(installation, pictures, folder, forms::toUtf8(name), model)))
-            item->setIcon(pictureOf(model));
-        else
-            item->setIcon(forms::icon("sprite"));
+        item->setToolTip(name);
+        item->setIcon(list->count() <= mostPictures ? iconFor(name) : forms::icon("sprite"));
     }
     list->setCurrentRow(0);
+    return list;
+}
+
+QDialogButtonBox* makeButtons(QDialog* dialog)
+{
     auto* const buttons = new QDialogButtonBox(dialog);
     const auto addButton = [buttons](const QString& text, const char* name, const char* iconName,
                                      QDialogButtonBox::ButtonRole role) {
@@ -86,10 +78,32 @@ std::optional<QString> chooseSprite(QWidget* parent, const Installation& install
     addButton(u"&Cancel"_s, "CancelButton", "cancel", QDialogButtonBox::RejectRole);
     QObject::connect(buttons, &QDialogButtonBox::accepted, dialog, &QDialog::accept);
     QObject::connect(buttons, &QDialogButtonBox::rejected, dialog, &QDialog::reject);
+    return buttons;
+}
+
+} // namespace
+
+std::optional<QString> chooseSprite(QWidget* parent, const Installation& installation,
+                                    PictureReader& pictures, const std::string& folder)
+{
+    const QStringList names = forms::inNameOrder(spriteNames(installation, folder));
+    if (names.isEmpty()) {
+        forms::tell(parent, u"There is no sprite in this game yet. Draw one and save it!"_s);
+        return std::nullopt;
+    }
+    const auto iconFor = [&](const QString& name) {
+        SpriteModel model;
+        const SpriteLoad result = loadSprite(installation, pictures, folder, forms::toUtf8(name), model);
+        return isLoaded(result) ? pictureOf(model) : forms::icon("sprite");
+    };
+    const QPointer<QDialog> dialog(new QDialog(parent)); // it may go while it waits
+    dialog->setObjectName(u"OpenSpriteBox"_s);
+    dialog->setWindowTitle(u"Open Sprite"_s);
+    QListWidget* const list = makeList(names, iconFor, dialog);
     QObject::connect(list, &QListWidget::itemActivated, dialog, &QDialog::accept);
     auto* const layout = new QVBoxLayout(dialog);
     layout->addWidget(list);
-    layout->addWidget(buttons);
+    layout->addWidget(makeButtons(dialog));
     dialog->resize(460, 360);
     const bool accepted = dialog->exec() == QDialog::Accepted;
     if (dialog.isNull())
