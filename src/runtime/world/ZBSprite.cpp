@@ -22,20 +22,14 @@ SineCosine ofDegrees(double degrees)
 
 void ZBSprite::CopyFrom(const ZBSprite& other)
 {
-    const double keptX = previousX;
-    const double keptY = previousY;
-    const double keptZ = previousZ;
+    const std::tuple<double, double, double> kept = previousPosition();
     *this = other;
-    previousX = keptX;
-    previousY = keptY;
-    previousZ = keptZ;
+    previousPosition() = kept;
 }
 
 void ZBSprite::savePosition()
 {
-    previousX = x;
-    previousY = y;
-    previousZ = z;
+    previousPosition() = position();
 }
 
 void ZBSprite::updateSteps()
@@ -66,16 +60,12 @@ void ZBSprite::moveBy(double dx, double dy, double dz)
 void ZBSprite::moveTo(double newX, double newY, double newZ)
 {
     savePosition();
-    x = newX;
-    y = newY;
-    z = newZ;
+    position() = std::tuple(newX, newY, newZ);
 }
 
 void ZBSprite::Unmove()
 {
-    x = previousX;
-    y = previousY;
-    z = previousZ;
+    position() = previousPosition();
 }
 
 void ZBSprite::setSpeed(double newSpeed)

@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <tuple>
 
 /// A sprite of a running game. Positions are world units, x and y from -100 to 100 across the playfield, y
 /// upwards; directions are degrees counter-clockwise from +x and never normalised.
@@ -56,6 +57,8 @@ public:
     std::string toString() const;
 
 private:
+    std::tuple<double&, double&, double&> position() { return {x, y, z}; }
+    std::tuple<double&, double&, double&> previousPosition() { return {previousX, previousY, previousZ}; }
     void savePosition();
     void updateSteps();
 };
