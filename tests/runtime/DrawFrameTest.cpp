@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace
 {
 
@@ -121,4 +123,34 @@ TEST_F(DrawFrame, AnimatedSpritesChangeEveryThirdFrameThoughNothingMoves)
         seen += around(239, 239, 1, 1).front();
     }
     EXPECT_EQ(seen, "gbbbgggbb"); // the frame that enters a state counts twice
+}
+
+TEST_F(DrawFrame, WhatAPictureFileLacksIsSeeThrough)
+{
+    const std::string whole = bitmapFile(art({"rr..", "rr..", "rr.."}));
+    game.folder.write("cut.spr", "x\r\nSimple,2,3,1\r\n");
+    bool isPlayed = false;
+    for (std::size_t length = 1; length <= whole.size(); ++length) {
+        game.folder.write("cut.spb", whole.substr(0, length));
+        game.output.clear();
+        HeadlessOptions options;
+        options.frames = 1;
+        options.wantsPicture = true;
+        game.play(programOf({.initialize = "create ball 1 \"cut\" 0 0 0 0 0"}), options);
+        const bool isRefused = !game.output.empty();
+        EXPECT_FALSE(isRefused && isPlayed) << length; // more of the file shows no less
+        isPlayed = !isRefused;
+        if (isRefused)
+            continue;
+        int red = 0;
+        for (const char letter : around(235, 235, 10, 10)) {
+            EXPECT_TRUE(letter == 'r' || letter == '#' || letter == '\n') << length;
+            red += letter == 'r' ? 1 : 0;
+        }
+        // A pixel is there with its mask only: rows are told from the bottom up, image before mask.
+        const int bytes = static_cast<int>(length) - 54;
+        const int masks = std::clamp(bytes % 12 / 3 - 2, 0, 2);
+        EXPECT_EQ(red, bytes / 12 * 2 + masks) << length;
+    }
+    EXPECT_TRUE(isPlayed);
 }

@@ -11,17 +11,28 @@
 
 #include <jpeglib.h>
 
+#include <jerror.h> // needs the types of the other
+
 namespace
 {
 
 /// The library reports an error by a function that must not return.
 struct ErrorManager : jpeg_error_mgr {
     std::jmp_buf giveUp;
+    bool isCutShort = false; ///< the library makes up what the file lacks
 };
 
 void giveUp(j_common_ptr decoder)
 {
     std::longjmp(static_cast<ErrorManager*>(decoder->err)->giveUp, 1);
+}
+
+/// The library tells of nothing else that is wrong: a child has no use for it.
+void noteWarning(j_common_ptr decoder, int level)
+{
+    auto& errors = *static_cast<ErrorManager*>(decoder->err);
+    if (level < 0 && errors.msg_code == JWRN_HIT_MARKER)
+        errors.isCutShort = true;
 }
 
 Pixel fromCmyk(const JSAMPLE* ink)
@@ -65,6 +76,9 @@ bool decode(jpeg_decompress_struct& decoder, ErrorManager& errors, std::string_v
         JSAMPROW rows[1] = {row.data()};
         if (jpeg_read_scanlines(&decoder, rows, 1) != 1)
             return false;
+        // The rows from here on stay without a color. One that comes in several passes is only coarse there.
+        if (errors.isCutShort && !decoder.progressive_mode)
+            return y > 0;
         copyRow(decoder, row, picture.row(y));
     }
     return true;
@@ -80,7 +94,7 @@ std::optional<Surface> readJpeg(std::string_view bytes)
     ErrorManager errors{};
     decoder.err = jpeg_std_error(&errors);
     errors.error_exit = giveUp;
-    errors.output_message = [](j_common_ptr) {}; // a child has no use for them
+    errors.emit_message = noteWarning;
     const bool isRead = decode(decoder, errors, bytes, picture, row);
     jpeg_destroy_decompress(&decoder);
     if (!isRead || picture.isNull())

@@ -126,6 +126,10 @@ TEST(PictureFiles, CutShortAreNothingOrHaveNoColorWhereNothingIs)
     check(whole, 1, 3);
     check(gif, 1, 2);
     check(jpeg, 997, 480);
+    const auto half = PictureFiles().decode(jpeg.substr(0, jpeg.size() / 2));
+    ASSERT_TRUE(half);
+    EXPECT_EQ(half->at(479, 0), PictureFiles().decode(jpeg)->at(479, 0));
+    EXPECT_TRUE(std::ranges::all_of(half->row(479), [](Pixel pixel) { return pixel == 0; }));
 }
 
 TEST(PictureFiles, AreKnownByTheirContent)
