@@ -36,8 +36,8 @@ set_tests_properties(windows.PrintQueue PROPERTIES
 zb_window_test(ZorbinoMainTest library/ZorbinoMainTest.cpp LIBS zb_library_forms)
 zb_window_test(GameResourcesTest library/GamePicturesTest.cpp library/PictureNameTest.cpp library/PropertiesTest.cpp
     library/ResourcesTest.cpp LIBS zb_library_forms)
-zb_window_test(MapEditorTest mapeditor/MapEditorTest.cpp mapeditor/MapNameTest.cpp mapeditor/MapPaintingTest.cpp
-    LIBS zb_mapeditor_forms)
+zb_window_test(MapEditorTest mapeditor/MapEditorTest.cpp mapeditor/MapFilesTest.cpp mapeditor/MapNameTest.cpp
+    mapeditor/MapPaintingTest.cpp LIBS zb_mapeditor_forms)
 target_compile_definitions(MapEditorTest PRIVATE ZB_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
 zb_window_test(Form1Test app/Form1Test.cpp ${CMAKE_SOURCE_DIR}/src/app/Form1.cpp LIBS zb_forms)
 zb_window_test(WorkbenchTest app/WorkbenchTest.cpp app/WritableCheckTest.cpp LIBS zb_workbench)

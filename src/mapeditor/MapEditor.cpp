@@ -3,46 +3,36 @@
 
 #include "mapeditor/MapEditor.h"
 
-#include "forms/Icons.h"
+#include "forms/ActionRow.h"
 #include "forms/MessageBoxes.h"
 #include "forms/PictureArea.h"
 #include "forms/Replacing.h"
 #include "forms/Texts.h"
-#include "mapeditor/ColorSwatch.h"
+#include "forms/WindowPlacement.h"
+#include "mapeditor/ColorLegend.h"
 #include "mapeditor/MapCanvas.h"
 #include "mapeditor/MapDisplay.h"
-#include "mapeditor/MapName.h"
-#include "platform/TextFile.h"
+#include "mapeditor/NewMapPanel.h"
 
 #include <QAction>
-#include <QButtonGroup>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QGridLayout>
-#include <QGroupBox>
+#include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QLabel>
-#include <QLineEdit>
 #include <QMenuBar>
-#include <QPushButton>
 #include <QScopedValueRollback>
+#include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QStatusBar>
 #include <QToolBar>
-#include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
 
 using namespace Qt::StringLiterals;
 
-constexpr int usualSize = 4; // "16 x 16"
-constexpr std::array<int, 10> sizes = {3, 5, 8, 10, 16, 25, 40, 50, 64, 75};
-constexpr std::array<const char16_t*, mapColorCount> colorNames = {u"Red",  u"Orange", u"Yellow", u"Green",
-                                                                   u"Cyan", u"Blue",   u"Purple"};
+constexpr int smallestButton = 72;
 
 /// What is wrong with a name for a map; `example` is a better one.
 QString reasonAgainst(MapNameFault fault, const QString& name, const QString& example)
@@ -62,15 +52,53 @@ QString reasonAgainst(MapNameFault fault, const QString& name, const QString& ex
     }
 }
 
+QMenu* addMenu(QMenuBar& bar, const QString& title, const QString& name)
+{
+    QMenu* const menu = bar.addMenu(title);
+    menu->setObjectName(name);
+    menu->menuAction()->setObjectName(name);
+    return menu;
+}
+
+/// Lets a panel scroll on a low screen; there is always room for the bar beside it.
+QScrollArea* scrolled(QWidget* panel, QWidget* parent)
+{
+    auto* const area = new QScrollArea(parent);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area->setWidgetResizable(true);
+    area->setWidget(panel);
+    area->setFixedWidth(panel->sizeHint().width() + area->verticalScrollBar()->sizeHint().width());
+    return area;
+}
+
 } // namespace
 
 MapEditor::MapEditor(Desk& desk)
     : m_desk(desk)
+    , m_files(desk.installation(), desk.pictures())
 {
     setObjectName(u"MapEditor"_s);
     setContextMenuPolicy(Qt::NoContextMenu);
     makeMenus();
+    makePage();
 
+    connect(m_canvas, &MapCanvas::resized, this, &MapEditor::Form_Resize);
+    connect(m_display, &MapDisplay::mouseDown, this, &MapEditor::Display_MouseDown);
+    connect(m_display, &MapDisplay::mouseMove, this, &MapEditor::Display_MouseMove);
+    connect(m_display, &MapDisplay::mouseUp, this, &MapEditor::Display_MouseUp);
+    connect(m_display, &MapDisplay::mouseLeft, m_canvas, [this] { m_canvas->setMarked(-1, -1); });
+    connect(m_newMap, &NewMapPanel::answered, this, &MapEditor::CreateNewMap_Click);
+    connect(m_legend, &ColorLegend::colorPicked, this, &MapEditor::ColorSelect_Click);
+    connect(m_legend, &ColorLegend::textChanged, this, &MapEditor::LegendText_Change);
+    connect(m_legend, &ColorLegend::onlyCurrentChanged, this, &MapEditor::OnlyCurrent_Click);
+    placeToolbar();
+    resize(sizeHint()); // the display as large as in the game; a small screen makes it smaller
+    Form_Load();
+}
+
+void MapEditor::makePage()
+{
     m_canvas = new MapCanvas(this);
     m_display = new MapDisplay(m_canvas);
     m_display->setEnabled(false);
@@ -78,159 +106,62 @@ MapEditor::MapEditor(Desk& desk)
     m_background->hide();
     m_backgroundResized = new forms::PictureArea("backgroundResized", this);
     m_backgroundResized->hide();
-    m_newMap = makeNewMapPanel(m_canvas);
+    m_newMap = new NewMapPanel(m_canvas);
 
     auto* const page = new QWidget(this);
+    m_legend = new ColorLegend(page);
     auto* const layout = new QHBoxLayout(page);
     layout->setContentsMargins(8, 8, 4, 8);
     layout->setSpacing(12);
     layout->addWidget(m_canvas, 1);
-    layout->addWidget(makeSide());
+    layout->addWidget(scrolled(m_legend, page));
     setCentralWidget(page);
-    statusBar();
-
-    connect(m_canvas, &MapCanvas::resized, this, &MapEditor::Form_Resize);
-    connect(m_display, &MapDisplay::mouseDown, this, &MapEditor::Display_MouseDown);
-    connect(m_display, &MapDisplay::mouseMove, this, &MapEditor::Display_MouseMove);
-    connect(m_display, &MapDisplay::mouseUp, this, &MapEditor::Display_MouseUp);
-    connect(m_display, &MapDisplay::mouseLeft, m_canvas, [this] { m_canvas->setMarked(-1, -1); });
-    resize(sizeHint()); // the display as large as in the game; a small screen makes it smaller
-    Form_Load();
 }
 
 void MapEditor::makeMenus()
 {
     struct Entry {
-        const char* name;
-        const char* icon;
-        const char16_t* text;
-        const char16_t* buttonText;
-        const char16_t* tip;
-        const char16_t* keys;
+        forms::MenuRow row;
         void (MapEditor::*handler)();
     };
     // clang-format off
     static constexpr Entry entries[] = {
-        {"FileNew",        "new",        u"&New Map...",         u"New",        u"Start a new map",                  u"Ctrl+N", &MapEditor::FileNew_Click},
-        {"FileOpen",       "open-map",   u"&Open Map...",        u"Open",       u"Open a map that you have saved",   u"Ctrl+O", &MapEditor::FileOpen_Click},
-        {"FileSave",       "save-map",   u"&Save Map",           u"Save",       u"Save this map",                    u"Ctrl+S", &MapEditor::FileSave_Click},
-        {"ViewBackground", "background", u"&Over Background...", u"Background", u"Show the map over a picture",      u"Ctrl+B", &MapEditor::ViewBackground_Click},
+        {{{"FileNew",        "new",        u"New",        u"Start a new map"},                u"&New Map...",         u"Ctrl+N"}, &MapEditor::FileNew_Click},
+        {{{"FileOpen",       "open-map",   u"Open",       u"Open a map that you have saved"}, u"&Open Map...",        u"Ctrl+O"}, &MapEditor::FileOpen_Click},
+        {{{"FileSave",       "save-map",   u"Save",       u"Save this map"},                  u"&Save Map",           u"Ctrl+S"}, &MapEditor::FileSave_Click},
+        {{{"ViewBackground", "background", u"Background", u"Show the map over a picture"},    u"&Over Background...", u"Ctrl+B"}, &MapEditor::ViewBackground_Click},
     };
     // clang-format on
-    QMenu* const file = menuBar()->addMenu(u"&File"_s);
-    file->setObjectName(u"FileMnu"_s);
-    file->menuAction()->setObjectName(u"FileMnu"_s);
-    QMenu* const view = menuBar()->addMenu(u"&View"_s);
-    view->setObjectName(u"ViewMnu"_s);
-    view->menuAction()->setObjectName(u"ViewMnu"_s);
-
+    QMenu* const file = addMenu(*menuBar(), u"&File"_s, u"FileMnu"_s);
+    QMenu* const view = addMenu(*menuBar(), u"&View"_s, u"ViewMnu"_s);
     auto* const bar = new QToolBar(u"Map"_s, this);
     bar->setObjectName(u"Toolbar"_s);
     bar->setMovable(false);
     bar->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     bar->setIconSize(QSize(32, 32));
     for (const Entry& entry : entries) {
-        auto* const action = new QAction(forms::icon(entry.icon), QString::fromUtf16(entry.text), this);
-        action->setObjectName(QLatin1StringView(entry.name));
-        action->setIconText(QString::fromUtf16(entry.buttonText));
-        action->setShortcut(QKeySequence(QString::fromUtf16(entry.keys)));
-        action->setToolTip(QString::fromUtf16(entry.tip) + u" (%1)"_s.arg(QString::fromUtf16(entry.keys)));
+        QAction* const action = forms::makeAction(entry.row, this);
         connect(action, &QAction::triggered, this, entry.handler);
         (entry.handler == &MapEditor::ViewBackground_Click ? view : file)->addAction(action);
-        bar->addAction(action);
-        QWidget* const button = bar->widgetForAction(action);
-        button->setObjectName(QLatin1StringView(entry.name) + "Button"_L1);
-        button->setAccessibleName(action->iconText());
-        button->setFocusPolicy(Qt::TabFocus);
-        button->setMinimumWidth(72);
+        forms::addButton(*bar, *action, smallestButton);
     }
     addToolBar(bar);
 }
 
-QFrame* MapEditor::makeNewMapPanel(QWidget* parent)
+/// The toolbar stands on the left where that gives the display more room: on a low and wide screen.
+void MapEditor::placeToolbar()
 {
-    auto* const panel = new QFrame(parent);
-    panel->setObjectName(u"NewMap"_s);
-    panel->setFrameStyle(QFrame::StyledPanel | QFrame::Raised);
-    panel->setAutoFillBackground(true);
-    auto* const question = new QLabel(u"How many &squares for the new map?"_s, panel);
-    m_sizes = new QComboBox(panel);
-    m_sizes->setObjectName(u"MapSizeBox"_s);
-    m_sizes->setAccessibleName(u"Squares of the new map"_s);
-    for (const int size : sizes)
-        m_sizes->addItem(u"%1 x %1"_s.arg(size));
-    m_sizes->setMaxVisibleItems(static_cast<int>(sizes.size()));
-    question->setBuddy(m_sizes);
-    auto* const create = new QPushButton(u"&Ok"_s, panel);
-    forms::setUpButton(*create, "CreateNewMap", "ok", u"Make the new map"_s);
-    connect(create, &QPushButton::clicked, this, &MapEditor::CreateNewMap_Click);
-    auto* const layout = new QVBoxLayout(panel);
-    layout->setContentsMargins(16, 16, 16, 16);
-    layout->setSpacing(12);
-    layout->addWidget(question);
-    layout->addWidget(m_sizes);
-    layout->addWidget(create);
-    return panel;
-}
-
-QWidget* MapEditor::makeSide()
-{
-    auto* const panel = new QWidget(this);
-    auto* const layout = new QVBoxLayout(panel);
-    layout->setContentsMargins(0, 0, 8, 0);
-    layout->setSpacing(8);
-
-    auto* const frame = new QGroupBox(u"Colors and what they mean"_s, panel);
-    frame->setObjectName(u"LegendFrame"_s);
-    auto* const grid = new QGridLayout(frame);
-    grid->setSpacing(8);
-    auto* const group = new QButtonGroup(this);
-    for (int index = 0; index < mapColorCount; ++index) {
-        const std::size_t place = static_cast<std::size_t>(index);
-        const QString name = QString::fromUtf16(colorNames[place]);
-        auto* const swatch = new ColorSwatch(u"ColorSelect_%1"_s.arg(index), ColorTable[place], frame);
-        swatch->setAccessibleName(name);
-        swatch->setToolTip(u"Paint with %1 (Alt+%2)"_s.arg(name.toLower()).arg(index + 1));
-        swatch->setShortcut(QKeySequence(u"Alt+%1"_s.arg(index + 1)));
-        connect(swatch, &QAbstractButton::clicked, this, [this, index] { ColorSelect_Click(index); });
-        group->addButton(swatch, index);
-        auto* const text = new QLineEdit(frame);
-        text->setObjectName(u"LegendText_%1"_s.arg(index));
-        text->setAccessibleName(u"What %1 means"_s.arg(name.toLower()));
-        text->setPlaceholderText(u"What is %1?"_s.arg(name.toLower()));
-        text->setMinimumWidth(text->fontMetrics().averageCharWidth() * 20);
-        connect(text, &QLineEdit::textChanged, this, [this, index] { LegendText_Change(index); });
-        grid->addWidget(swatch, index, 0);
-        grid->addWidget(new QLabel(name, frame), index, 1);
-        grid->addWidget(text, index, 2);
-        m_swatches[place] = swatch;
-        m_legend[place] = text;
-    }
-
-    m_delete = new QCheckBox(u"Delete"_s, panel);
-    m_delete->setObjectName(u"delete"_s);
-    m_delete->setIcon(forms::icon("eraser"));
-    m_delete->setShortcut(QKeySequence(u"Alt+D"_s));
-    m_delete->setToolTip(u"Painting takes colors away (Alt+D)"_s);
-    m_onlyCurrent = new QCheckBox(u"Show Current Color Only"_s, panel);
-    m_onlyCurrent->setObjectName(u"OnlyCurrent"_s);
-    m_onlyCurrent->setShortcut(QKeySequence(u"Alt+C"_s));
-    m_onlyCurrent->setToolTip(u"The other colors are hidden for a while (Alt+C)"_s);
-    connect(m_onlyCurrent, &QCheckBox::toggled, this, &MapEditor::OnlyCurrent_Click);
-
-    layout->addWidget(frame);
-    layout->addWidget(m_delete);
-    layout->addWidget(m_onlyCurrent);
-    layout->addStretch(1);
-
-    // On a low screen the panel can be scrolled; there is always room for the bar beside it.
-    auto* const scroll = new QScrollArea(this);
-    scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    scroll->setWidgetResizable(true);
-    scroll->setWidget(panel);
-    scroll->setFixedWidth(panel->sizeHint().width() + scroll->verticalScrollBar()->sizeHint().width());
-    return scroll;
+    auto* const bar = findChild<QToolBar*>(u"Toolbar"_s);
+    const int barWidth = bar->widgetForAction(bar->actions().last())->sizeHint().width(); // "Background"
+    const QSize screenRoom = screen()->availableGeometry().size() - QSize(0, forms::titleBarHeight);
+    const QSize below = screenRoom - (sizeHint() - m_canvas->sizeHint());
+    const QSize beside = below + QSize(-barWidth, bar->sizeHint().height());
+    const auto sideOf = [this](QSize room) {
+        const QSize canvas = room.boundedTo(m_canvas->sizeHint());
+        return std::min(canvas.width(), canvas.height());
+    };
+    if (sideOf(beside) > sideOf(below))
+        addToolBar(Qt::LeftToolBarArea, bar);
 }
 
 void MapEditor::Form_Load()
@@ -243,8 +174,8 @@ void MapEditor::Form_Load()
 void MapEditor::showTitle()
 {
     QString title = u"Zorbino Map Editor"_s;
-    if (!m_fileName.isEmpty())
-        title += u" - "_s + m_fileName;
+    if (!m_files.name().empty())
+        title += u" - "_s + forms::fromUtf8(m_files.name());
     if (m_painting.isModified())
         title += u" *"_s;
     setWindowTitle(title);
@@ -254,19 +185,13 @@ void MapEditor::showTitle()
 
 void MapEditor::FileNew_Click()
 {
-    m_sizes->setCurrentIndex(usualSize);
-    m_newMap->show();
-    m_newMap->raise();
-    placeNewMapPanel();
-    m_sizes->setFocus();
+    m_newMap->ask();
 }
 
 void MapEditor::CreateNewMap_Click()
 {
-    m_newMap->hide();
-    const QString text = m_sizes->currentText();
-    m_painting.create(text.left(text.indexOf(u' ')).toInt());
-    m_fileName.clear();
+    m_painting.create(m_newMap->squares());
+    m_files.startNew();
     mapOpened();
 }
 
@@ -295,8 +220,7 @@ void MapEditor::keyPressEvent(QKeyEvent* event)
 
 void MapEditor::ColorSelect_Click(int index)
 {
-    for (ColorSwatch* const swatch : m_swatches)
-        swatch->setChecked(swatch == m_swatches[static_cast<std::size_t>(index)]);
+    m_legend->showColor(index);
     m_currentColor = index;
     RedrawMap();
 }
@@ -305,7 +229,7 @@ void MapEditor::LegendText_Change(int index)
 {
     if (m_loading)
         return;
-    m_painting.setLegend(index, forms::toUtf8(m_legend[static_cast<std::size_t>(index)]->text()));
+    m_painting.setLegend(index, forms::toUtf8(m_legend->text(index)));
     showTitle();
 }
 
@@ -322,7 +246,7 @@ void MapEditor::RedrawMap()
         return;
     m_picture = m_resizedPicture;
     if (map().hasGrid())
-        map().Draw(m_picture, m_onlyCurrent->isChecked() ? m_currentColor : -1);
+        map().Draw(m_picture, m_legend->onlyCurrent() ? m_currentColor : -1);
     m_display->update();
 }
 
@@ -330,7 +254,7 @@ void MapEditor::Form_Resize()
 {
     const QRect area = m_canvas->displayRect();
     m_display->setGeometry(area);
-    placeNewMapPanel();
+    m_newMap->moveToMiddle();
     scaleBackground();
     RedrawMap();
     m_display->showSurface(&m_picture);
@@ -343,11 +267,10 @@ void MapEditor::scaleBackground()
     m_backgroundResized->showSurface(&m_resizedPicture);
 }
 
-void MapEditor::placeNewMapPanel()
+void MapEditor::showBackground(Surface picture)
 {
-    QRect place({}, m_newMap->sizeHint().expandedTo(QSize(260, 0)));
-    place.moveCenter(m_canvas->rect().center());
-    m_newMap->setGeometry(place);
+    m_backgroundPicture = std::move(picture);
+    m_background->showSurface(&m_backgroundPicture);
 }
 
 // Painting.
@@ -371,7 +294,7 @@ void MapEditor::Display_MouseMove(int x, int y)
 
 Brush MapEditor::brush() const
 {
-    return {m_currentColor, m_delete->isChecked(), m_onlyCurrent->isChecked()};
+    return {m_currentColor, m_legend->deletes(), m_legend->onlyCurrent()};
 }
 
 void MapEditor::Display_MouseUp()
@@ -409,45 +332,37 @@ std::optional<QString> MapEditor::askName(const QString& title, const QString& p
 
 void MapEditor::FileOpen_Click()
 {
-    const auto name = askName(
-        u"Open..."_s, u"Which map? Say the game's folder and the map's name,\nlike %1castle"_s, m_fileName);
+    const auto name =
+        askName(u"Open..."_s, u"Which map? Say the game's folder and the map's name,\nlike %1castle"_s,
+                forms::fromUtf8(m_files.name()));
     if (!name)
         return;
-    const auto bytes = m_desk.installation().readBytes(belowGames(forms::toUtf8(*name)));
-    if (!bytes) {
+    const MapLoad result = m_files.load(forms::toUtf8(*name), m_painting);
+    if (result == MapLoad::Missing)
         forms::warn(this,
                     u"I could not open the map %1. Maybe it has another name, or it is gone."_s.arg(*name));
-        return;
+    else
+        showLoaded(*name, result);
+}
+
+void MapEditor::showLoaded(const QString& name, MapLoad result)
+{
+    {
+        const QScopedValueRollback loading(m_loading, true);
+        m_legend->showTexts(map());
     }
-    const bool isWhole = takeMap(*name, *bytes);
-    const bool backgroundFound = loadBackgroundOf(*name);
+    auto background = m_files.pictureOf(map(), forms::toUtf8(name));
+    const bool lacksBackground = !background && !map().get_background().empty();
+    if (background)
+        showBackground(std::move(*background));
     Form_Resize();
     mapOpened();
-    if (!isWhole)
+    if (result == MapLoad::Damaged)
         forms::warn(this,
-                    u"I could not read the map %1 to its end. Its file seems to be damaged."_s.arg(*name));
-    else if (!backgroundFound)
+                    u"I could not read the map %1 to its end. Its file seems to be damaged."_s.arg(name));
+    else if (lacksBackground)
         forms::warn(this, u"I could not open the picture %1, which belongs to this map."_s.arg(
                               forms::fromUtf8(map().get_background())));
-}
-
-bool MapEditor::takeMap(const QString& name, std::string_view bytes)
-{
-    const bool isWhole = m_painting.load(decodeText(bytes));
-    m_fileName = isWhole ? name : QString();
-    m_fileStamp = FileStamp(bytes);
-    showLegend();
-    return isWhole;
-}
-
-void MapEditor::showLegend()
-{
-    const QScopedValueRollback loading(m_loading, true);
-    for (int index = 0; index < mapColorCount; ++index) {
-        QLineEdit* const box = m_legend[static_cast<std::size_t>(index)];
-        box->setText(forms::fromUtf8(map().get_legend(index)));
-        box->setCursorPosition(0); // a long text shows its beginning
-    }
 }
 
 void MapEditor::FileSave_Click()
@@ -456,43 +371,33 @@ void MapEditor::FileSave_Click()
         forms::tell(this, u"There is no map to save yet. Make a new one first!"_s);
         return;
     }
-    const auto name = askName(
-        u"Save as..."_s,
-        u"Where to? Say the game's folder and the map's name without spaces,\nlike %1castle"_s, m_fileName);
-    if (!name || !mayBeSavedAs(*name))
+    const auto name =
+        askName(u"Save as..."_s,
+                u"Where to? Say the game's folder and the map's name without spaces,\nlike %1castle"_s,
+                forms::fromUtf8(m_files.name()));
+    if (!name || !maySaveAs(*name))
         return;
-    const std::string bytes = map().toText();
-    if (!m_desk.installation().write(belowGames(forms::toUtf8(*name)), bytes)) {
+    if (!m_files.save(forms::toUtf8(*name), m_painting)) {
         forms::warn(
             this,
             u"I could not save the map %1. Maybe there is no such folder, the disk is full, or I am not "
             "allowed to write there. Your map is still here."_s.arg(*name));
         return;
     }
-    m_fileName = *name;
-    m_fileStamp = FileStamp(bytes);
-    m_painting.noteSaved();
     showTitle();
     forms::tell(this, *name + u" saved."_s);
 }
 
-bool MapEditor::mayBeSavedAs(const QString& name)
+bool MapEditor::maySaveAs(const QString& name)
 {
-    const std::string path = belowGames(forms::toUtf8(name));
-    MapNameFault fault = faultOf(forms::toUtf8(name));
-    if (fault != MapNameFault::LeadsOut && holdsNoMap(m_desk.installation(), path))
-        fault = MapNameFault::GameFile;
-    if (fault == MapNameFault::None)
-        return mayReplace(path);
-    forms::tell(this, reasonAgainst(fault, name, exampleFolder() + u"castle"_s));
-    return false;
-}
-
-bool MapEditor::mayReplace(const std::string& productPath)
-{
-    const auto place = m_desk.installation().find(productPath);
-    const bool wasSeen = place && place == m_desk.installation().find(belowGames(forms::toUtf8(m_fileName)));
-    return wasSeen ? forms::mayReplace(this, m_desk, productPath, m_fileStamp) : m_desk.mayChangeGame(this);
+    const std::string text = forms::toUtf8(name);
+    if (const MapNameFault fault = m_files.faultOf(text); fault != MapNameFault::None) {
+        forms::tell(this, reasonAgainst(fault, name, exampleFolder() + u"castle"_s));
+        return false;
+    }
+    if (const auto file = m_files.changedFile(text))
+        return forms::askReplaceChanged(this, forms::fromUtf8(*file));
+    return m_desk.mayChangeGame(this);
 }
 
 void MapEditor::ViewBackground_Click()
@@ -503,32 +408,15 @@ void MapEditor::ViewBackground_Click()
                 forms::fromUtf8(map().get_background()));
     if (!name)
         return;
-    if (!loadBackground(belowGames(forms::toUtf8(*name)))) {
+    auto picture = m_files.picture(forms::toUtf8(*name));
+    if (!picture) {
         forms::warn(
             this,
             u"I could not open the picture %1. Maybe it has another name, or it is no picture."_s.arg(*name));
         return;
     }
+    showBackground(std::move(*picture));
     m_painting.setBackground(forms::toUtf8(*name));
     showTitle();
     Form_Resize();
-}
-
-/// The picture that the map names; a game that has moved to another folder has it beside its map.
-bool MapEditor::loadBackgroundOf(const QString& mapName)
-{
-    const std::string& picture = map().get_background();
-    return picture.empty() || loadBackground(belowGames(picture)) ||
-           loadBackground(besideMap(forms::toUtf8(mapName), picture));
-}
-
-bool MapEditor::loadBackground(const std::string& productPath)
-{
-    const auto file = m_desk.installation().find(productPath);
-    auto picture = file ? m_desk.pictures().read(*file) : std::nullopt;
-    if (!picture)
-        return false;
-    m_backgroundPicture = std::move(*picture);
-    m_background->showSurface(&m_backgroundPicture);
-    return true;
 }

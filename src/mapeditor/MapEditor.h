@@ -4,24 +4,18 @@
 #pragma once
 
 #include "forms/Desk.h"
+#include "mapeditor/MapFiles.h"
 #include "mapeditor/MapPainting.h"
-#include "platform/FileStamp.h"
 #include "platform/Surface.h"
 
 #include <QMainWindow>
 
-#include <array>
 #include <optional>
-#include <string>
-#include <string_view>
 
-class ColorSwatch;
+class ColorLegend;
 class MapCanvas;
 class MapDisplay;
-class QCheckBox;
-class QComboBox;
-class QFrame;
-class QLineEdit;
+class NewMapPanel;
 
 namespace forms
 {
@@ -58,34 +52,28 @@ protected:
 
 private:
     void makeMenus();
-    QFrame* makeNewMapPanel(QWidget* parent);
-    QWidget* makeSide();
+    void makePage();
+    void placeToolbar();
 
     Brush brush() const;
     void RedrawMap();
     void scaleBackground();
-    void placeNewMapPanel();
     void showTitle();
-    void showLegend();
     /// A map is there from now on.
     void mapOpened();
+    void showBackground(Surface picture);
 
     QString exampleFolder() const;
     std::optional<QString> askName(const QString& title, const QString& prompt, const QString& start);
-    /// Whether a map may be saved under the name; else the user has been told why not.
-    bool mayBeSavedAs(const QString& name);
-    bool mayReplace(const std::string& productPath);
-    /// Takes the map out of the bytes of its file; false where they are damaged.
-    bool takeMap(const QString& name, std::string_view bytes);
-    bool loadBackground(const std::string& productPath);
-    bool loadBackgroundOf(const QString& mapName);
+    /// Whether a map may be saved under the name; else the user has been told why not, or does not want it.
+    bool maySaveAs(const QString& name);
+    void showLoaded(const QString& name, MapLoad result);
 
     Desk& m_desk;
     MapPainting m_painting;
+    MapFiles m_files;
     int m_currentColor = 0;
     bool m_loading = false;
-    QString m_fileName;
-    FileStamp m_fileStamp; ///< what the file of that name held
 
     Surface m_picture; ///< what the display shows
     Surface m_backgroundPicture;
@@ -95,10 +83,6 @@ private:
     MapDisplay* m_display = nullptr;
     forms::PictureArea* m_background = nullptr;
     forms::PictureArea* m_backgroundResized = nullptr;
-    QFrame* m_newMap = nullptr;
-    QComboBox* m_sizes = nullptr;
-    QCheckBox* m_delete = nullptr;
-    QCheckBox* m_onlyCurrent = nullptr;
-    std::array<ColorSwatch*, mapColorCount> m_swatches = {};
-    std::array<QLineEdit*, mapColorCount> m_legend = {};
+    NewMapPanel* m_newMap = nullptr;
+    ColorLegend* m_legend = nullptr;
 };

@@ -45,7 +45,7 @@ bool isWritable(std::string_view name)
 
 MapNameFault faultOf(std::string_view name)
 {
-    const std::string file = lowerCase(name.substr(fileStart(name)));
+    const std::string file = lowerCase(fileOf(name));
     if (trimBlanks(file).empty())
         return MapNameFault::Blank;
     if (leadsOut(name))
@@ -55,6 +55,11 @@ MapNameFault faultOf(std::string_view name)
     if (file == "code.txt" || file == "prop.zbo")
         return MapNameFault::GameFile;
     return isWritable(name) ? MapNameFault::None : MapNameFault::Unwritable;
+}
+
+std::string_view fileOf(std::string_view name)
+{
+    return name.substr(fileStart(name));
 }
 
 std::string belowGames(std::string_view name)

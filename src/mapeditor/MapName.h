@@ -21,6 +21,9 @@ enum class MapNameFault {
 };
 MapNameFault faultOf(std::string_view name);
 
+/// The last part of a name.
+std::string_view fileOf(std::string_view name);
+
 /// The product path of a file that is named from the folder of the games.
 std::string belowGames(std::string_view name);
 /// The path of a file that lies in the same folder as the map.
