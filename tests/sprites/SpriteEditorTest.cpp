@@ -254,6 +254,9 @@ TEST_F(SpriteEditorTest, TakesASizeThatIsBeingTyped)
     editor->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(editor.get()));
     width().setFocus();
+    // Keys of menus work in the active window only, and it may be told so later than its window.
+    ASSERT_TRUE(QTest::qWaitFor(
+        [this] { return QApplication::activeWindow() == editor.get() && width().hasFocus(); }));
     QTest::keyClick(&width(), Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(shownWidth(), 32);
     type(u"20"_s);
