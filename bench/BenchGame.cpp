@@ -47,9 +47,9 @@ BenchGame::~BenchGame()
     std::filesystem::remove_all(m_folder, ignored);
 }
 
-void BenchGame::start(std::string_view text, int mode)
+void BenchGame::start(std::string_view text, RunKind kind)
 {
-    static_cast<void>(m_interpreter.RunGame(text, mode)); // the first frame tells whether it runs
+    static_cast<void>(m_interpreter.RunGame(text, kind)); // the first frame tells whether it runs
     frame();
     if (!context().InterpreterRunning())
         std::exit(EXIT_FAILURE);

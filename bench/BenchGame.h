@@ -23,7 +23,7 @@ public:
     ~BenchGame() override;
 
     /// Starts the program and runs its first frame. Ends the process with a message where it does not run.
-    void start(std::string_view text, int mode);
+    void start(std::string_view text, RunKind kind);
     void frame();
     ZBContext& context() { return m_interpreter.context(); }
     ZBInterpreter& interpreter() { return m_interpreter; }

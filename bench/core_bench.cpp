@@ -158,10 +158,10 @@ constexpr std::string_view luaBlock = "a = 1\n"
 constexpr std::string_view unsetCounters =
     "set counter$c 0\nset counter$d 0\nset counter$g 0\nset counter$h 0\n";
 
-void statementsIn(benchmark::State& state, int mode)
+void statementsIn(benchmark::State& state, RunKind kind)
 {
     BenchGame game;
-    game.start(program({{"begin", std::string(unsetCounters), repeat(block, copies)}}), mode);
+    game.start(program({{"begin", std::string(unsetCounters), repeat(block, copies)}}), kind);
     for (auto _ : state)
         game.frame();
     state.SetItemsProcessed(state.iterations() * copies * statements);
@@ -169,11 +169,11 @@ void statementsIn(benchmark::State& state, int mode)
 
 void Statements_Zorbino(benchmark::State& state)
 {
-    statementsIn(state, 0);
+    statementsIn(state, RunKind::Plain);
 }
 void Statements_ZorbinoTracedNoBox(benchmark::State& state)
 {
-    statementsIn(state, 1);
+    statementsIn(state, RunKind::Traced);
 }
 void Statements_Lua(benchmark::State& state)
 {
@@ -244,7 +244,7 @@ void Frame_Zorbino(benchmark::State& state)
     BenchGame game;
     const auto count = static_cast<int>(state.range(0));
     const auto states = creationStates(count, "");
-    game.start(program(states, spriteStatements), 0);
+    game.start(program(states, spriteStatements), RunKind::Plain);
     for (std::size_t i = 0; i < states.size(); ++i)
         game.frame();
     for (auto _ : state)
@@ -314,7 +314,7 @@ void Copy_SaveAndRestore(benchmark::State& state)
 {
     BenchGame game;
     const auto states = creationStates(static_cast<int>(state.range(0)), "");
-    game.start(program(states, spriteStatements), 0);
+    game.start(program(states, spriteStatements), RunKind::Plain);
     for (std::size_t i = 0; i < states.size() + 10; ++i)
         game.frame();
     for (auto _ : state) {
@@ -360,7 +360,7 @@ void DrawFrame_Zorbino(benchmark::State& state)
     BenchGame game(BenchGame::Frames::Drawn, graphicSize);
     const auto count = static_cast<int>(state.range(0));
     const auto states = creationStates(count, "");
-    game.start(program(states), 0);
+    game.start(program(states), RunKind::Plain);
     for (std::size_t i = 0; i < states.size(); ++i)
         game.frame();
     for (auto _ : state)
@@ -441,7 +441,7 @@ void Trace_AllBoxes(benchmark::State& state)
     BenchGame game;
     game.interpreter().setTraceBoxes({true, true, true});
     const auto states = creationStates(100, std::string(block));
-    game.start(program(states, spriteStatements), 1);
+    game.start(program(states, spriteStatements), RunKind::Traced);
     for (std::size_t i = 0; i < states.size(); ++i)
         game.frame();
     const std::uint64_t before = game.historyLines();

@@ -51,7 +51,7 @@ HeadlessPlayer::Result HeadlessPlayer::run(std::string_view text, const Headless
     ZBContext& context = m_interpreter.context();
     context.setShowMap(options.showMap);
 
-    tellFaults(m_interpreter.RunGame(text, 1));
+    tellFaults(m_interpreter.RunGame(text, RunKind::Traced));
     if (m_parseFailed)
         return Result::ParseError;
     context.addInputs(inputsOf(keys));

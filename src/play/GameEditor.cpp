@@ -255,7 +255,7 @@ void GameEditor::PlayButton_Click()
     if (m_closing == Closing::Done)
         return;
     m_interpreter->setSeed(QRandomGenerator::system()->generate64()); // chance falls anew in every run
-    if (!m_interpreter->prepareRun(1))
+    if (!m_interpreter->prepareRun(RunKind::Traced))
         return;
     QCoreApplication::processEvents(); // a click on Stop, or on the cross of this window, counts now
     m_gameWindow.follow(m_interpreter->startRun(m_codeEditor->text()));

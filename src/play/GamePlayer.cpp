@@ -58,6 +58,6 @@ bool GamePlayer::play()
     const auto text = m_interpreter->files().readText(m_interpreter->module().gamePath() + "code.txt");
     if (!text)
         return false;
-    m_window.follow(m_interpreter->RunGame(withProductLineEnds(*text), 0));
+    m_window.follow(m_interpreter->RunGame(withProductLineEnds(*text), RunKind::Plain));
     return true;
 }

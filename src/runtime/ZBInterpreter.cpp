@@ -5,13 +5,6 @@
 
 #include "platform/Rounding.h"
 
-namespace
-{
-
-constexpr int gameEditorMode = 1;
-
-} // namespace
-
 ZBInterpreter::ZBInterpreter(ZB& module, const FileSource& files, PictureReader& pictures, const Ports& ports)
     : m_module(module)
     , m_files(files)
@@ -35,12 +28,12 @@ void ZBInterpreter::setControl(Control control)
     m_context.statements().setStepMode(control == Control::Stepping);
 }
 
-Progress ZBInterpreter::RunGame(std::string_view text, int mode)
+Progress ZBInterpreter::RunGame(std::string_view text, RunKind kind)
 {
-    return prepareRun(mode) ? startRun(text) : Progress::FrameDone;
+    return prepareRun(kind) ? startRun(text) : Progress::FrameDone;
 }
 
-bool ZBInterpreter::prepareRun(int mode)
+bool ZBInterpreter::prepareRun(RunKind kind)
 {
     // Neither a second run beside the first, nor one in the middle of a frame.
     if (inFrame())
@@ -48,10 +41,10 @@ bool ZBInterpreter::prepareRun(int mode)
     m_context.Reset();
     m_ports.parseError.close();
     m_module.ErrorLine = 0;
-    m_module.RunMode = mode;
+    m_module.RunMode = kind;
     m_module.ErrorText.clear();
     m_context.clearTraceDepth();
-    m_context.trace().setOn(mode == gameEditorMode);
+    m_context.trace().setOn(kind == RunKind::Traced);
     setControl(Control::Starting);
     m_stepReleased = false;
     m_module.CodeEditorWasOpen = m_ports.codeEditor.isVisible();
@@ -237,7 +230,7 @@ void ZBInterpreter::HaltAfterError()
     setControl(Control::Stopped);
     m_context.Reset();
     m_ports.screen.close();
-    if (m_module.RunMode != gameEditorMode)
+    if (m_module.RunMode != RunKind::Traced)
         return;
     RestoreEditorButtons();
     if (!m_module.CodeEditorWasOpen && m_module.ErrorLine < 1)
