@@ -135,7 +135,7 @@ class Bench
 public:
     Bench()
         : m_desk(m_installation.path())
-        , m_editor(std::make_unique<CodeEditor>(m_desk))
+        , m_editor(std::make_unique<CodeEditor>(m_desk, m_desk.module().CurrentGame))
         , m_view(m_editor->findChild<CodeView*>())
     {
     }

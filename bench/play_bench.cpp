@@ -103,7 +103,7 @@ bool traceRun()
     PlayDesk desk;
     desk.writeGraphic();
     desk.code.program = tracedGame();
-    auto* editor = new GameEditor(desk);
+    auto* editor = new GameEditor(desk, desk.module().CurrentGame);
     static_cast<QWidget*>(editor)->show();
     editor->SpyWindowButton_Click();
     for (QWidget* window : QApplication::topLevelWidgets()) {

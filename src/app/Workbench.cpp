@@ -94,7 +94,7 @@ void Workbench::start(const QImage& backdrop)
 void Workbench::showGameEditor()
 {
     const bool isNew = m_gameEditor.isNull();
-    open(m_gameEditor, *this);
+    open(m_gameEditor, *this, m_module.CurrentGame);
     if (isNew)
         lockGame();
 }
@@ -161,9 +161,9 @@ bool Workbench::closeGameWindows()
     return shut(m_properties) && shut(m_resources);
 }
 
-CodeEditorForm* Workbench::createCodeEditor()
+CodeEditorForm* Workbench::createCodeEditor(const GameRecord& game)
 {
-    return new CodeEditor(*this);
+    return new CodeEditor(*this, game);
 }
 
 void Workbench::gameTitleChanged()

@@ -50,7 +50,7 @@ public:
     void showResources() override;
     bool closeGameWindows() override;
     bool mayChangeGame(QWidget* parent) override;
-    CodeEditorForm* createCodeEditor() override;
+    CodeEditorForm* createCodeEditor(const GameRecord& game) override;
     void gameTitleChanged() override;
     void exitProgram() override;
 

@@ -97,8 +97,9 @@ private:
 
 // The window
 
-CodeEditor::CodeEditor(Desk& desk)
+CodeEditor::CodeEditor(Desk& desk, const GameRecord& game)
     : m_desk(desk)
+    , m_game(game)
     , m_bars(new EditorBars)
     , m_CodeView(new CodeView([this](const QKeyEvent& event) { return CodeView_KeyDown(event); }))
     , m_history(*m_CodeView->document())
@@ -474,8 +475,8 @@ void CodeEditor::FindAndReplace_Click()
 void CodeEditor::PrintButton_Click()
 {
     const QPointer<CodeEditor> self(this);
-    const std::string& title = m_desk.module().CurrentGame.title;
-    const QString documentName = title.empty() ? fileNamePart(m_FileName) : forms::fromUtf8(title);
+    const QString documentName =
+        m_game.title.empty() ? fileNamePart(m_FileName) : forms::fromUtf8(m_game.title);
     if (m_isBusy || !m_winCode.PrintDialog(this, documentName) || self.isNull())
         return;
     if (m_MinibufferMode != MinibufferMode::Closed)

@@ -22,7 +22,8 @@ class CodeEditor : public QMainWindow, public CodeEditorForm
     Q_OBJECT
 
 public:
-    explicit CodeEditor(Desk& desk);
+    /// For a program of `game`, whose title may change meanwhile.
+    CodeEditor(Desk& desk, const GameRecord& game);
     ~CodeEditor() override;
 
     // The window as the program around it sees it.
@@ -106,6 +107,7 @@ private:
     void showToolbars();
 
     Desk& m_desk;
+    const GameRecord& m_game;
     EditorBars* m_bars;
     CodeView* m_CodeView;
     EditHistory m_history;

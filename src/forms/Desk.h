@@ -55,8 +55,8 @@ public:
     virtual bool closeGameWindows() = 0;
     /// Whether files of the current game may be written: asks, once, where somebody else works on it too.
     virtual bool mayChangeGame(QWidget* /*parent*/) { return true; }
-    /// A new, hidden code editor, owned by the caller until closeForGood().
-    virtual CodeEditorForm* createCodeEditor() = 0;
+    /// A new, hidden code editor for a game, owned by the caller until closeForGood().
+    virtual CodeEditorForm* createCodeEditor(const GameRecord& game) = 0;
     /// The title of CurrentGame has changed: captions follow.
     virtual void gameTitleChanged() = 0;
     /// Ends the program at once.

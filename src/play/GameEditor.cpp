@@ -30,6 +30,8 @@
 namespace
 {
 
+using namespace Qt::StringLiterals;
+
 constexpr int gap = 8;
 constexpr int margin = 12;
 constexpr int fastest = 1800;
@@ -42,18 +44,19 @@ struct GameEditor::ButtonRow {
     forms::ActionOf<GameEditor> action;
 };
 
-GameEditor::GameEditor(Desk& desk)
+GameEditor::GameEditor(Desk& desk, const GameRecord& game)
     : m_desk(desk)
+    , m_game(game)
     , m_framesPerMinute(new QSlider(Qt::Horizontal))
-    , m_showMap(new QCheckBox(QStringLiteral("Show &Map")))
+    , m_showMap(new QCheckBox(u"Show &Map"_s))
     , m_haltMeAgain(new QTimer(this))
 {
-    setObjectName(QStringLiteral("GameEditor"));
-    setWindowTitle(QStringLiteral("Game Editor"));
+    setObjectName(u"GameEditor"_s);
+    setWindowTitle(u"Game Editor"_s);
     setAttribute(Qt::WA_DeleteOnClose);
     buildControls();
 
-    m_haltMeAgain->setObjectName(QStringLiteral("HaltMeAgain"));
+    m_haltMeAgain->setObjectName(u"HaltMeAgain"_s);
     m_haltMeAgain->setInterval(haltRetry);
     m_haltMeAgain->callOnTimeout(this, &GameEditor::HaltMeAgain_Timer);
 
@@ -69,10 +72,10 @@ GameEditor::~GameEditor()
 
 void GameEditor::Form_Load()
 {
-    m_desk.LogProgress(QStringLiteral("GameEditor.Form_Load: begin"));
+    m_desk.LogProgress(u"GameEditor.Form_Load: begin"_s);
     showTitle();
-    m_desk.LogProgress(QStringLiteral("GameEditor.Form_Load: loading code editor"));
-    m_codeEditor = m_desk.createCodeEditor();
+    m_desk.LogProgress(u"GameEditor.Form_Load: loading code editor"_s);
+    m_codeEditor = m_desk.createCodeEditor(m_game);
     forms::placeWindow(*this);
     if (QWidget* code = m_codeEditor->widget())
         forms::placeWindow(*code);
@@ -94,15 +97,15 @@ void GameEditor::Form_Load()
     m_parseError->accompany(m_codeEditor->widget());
     connect(m_spy.get(), &SpyWindow::traceBoxesChanged, this,
             [this] { m_interpreter->setTraceBoxes(m_spy->traceBoxes()); });
-    m_desk.LogProgress(QStringLiteral("GameEditor.Form_Load: loading source code"));
+    m_desk.LogProgress(u"GameEditor.Form_Load: loading source code"_s);
     // A text that cannot be read leaves the code editor empty and hidden.
-    m_codeEditor->LoadFile(forms::fromUtf8(module.gamePath() + "code.txt"));
-    m_desk.LogProgress(QStringLiteral("GameEditor.Form_Load: done"));
+    m_codeEditor->LoadFile(forms::fromUtf8(m_game.pathOf("code.txt")));
+    m_desk.LogProgress(u"GameEditor.Form_Load: done"_s);
 }
 
 void GameEditor::showTitle()
 {
-    setWindowTitle(forms::fromUtf8(m_desk.module().CurrentGame.title));
+    setWindowTitle(forms::fromUtf8(m_game.title));
 }
 
 // ---- Controls
@@ -124,7 +127,7 @@ void GameEditor::buildControls()
     constexpr int runIcon = 40;
     constexpr int windowIcon = 32;
 
-    m_showMap->setObjectName(QStringLiteral("OptionShowMap"));
+    m_showMap->setObjectName(u"OptionShowMap"_s);
     connect(m_showMap, &QCheckBox::toggled, this, &GameEditor::OptionShowMap_Click);
 
     auto* layout = new QVBoxLayout(this);
@@ -164,8 +167,8 @@ QLayout* GameEditor::makeButtons(const ButtonRow* first, const ButtonRow* last, 
 
 QLayout* GameEditor::makeSpeed()
 {
-    m_framesPerMinute->setObjectName(QStringLiteral("FramesPerMinute"));
-    m_framesPerMinute->setAccessibleName(QStringLiteral("Speed"));
+    m_framesPerMinute->setObjectName(u"FramesPerMinute"_s);
+    m_framesPerMinute->setAccessibleName(u"Speed"_s);
     m_framesPerMinute->setRange(0, fastest);
     m_framesPerMinute->setPageStep(10);
     m_framesPerMinute->setSingleStep(1);
@@ -179,14 +182,14 @@ QLayout* GameEditor::makeSpeed()
         label->setAccessibleName(name);
         return label;
     };
-    auto* caption = new QLabel(QStringLiteral("Spee&d"));
+    auto* caption = new QLabel(u"Spee&d"_s);
     caption->setBuddy(m_framesPerMinute);
     auto* line = new QHBoxLayout;
     line->setSpacing(gap);
     line->addWidget(caption);
-    line->addWidget(picture("speed-turtle", QStringLiteral("Slow")));
+    line->addWidget(picture("speed-turtle", u"Slow"_s));
     line->addWidget(m_framesPerMinute, 1);
-    line->addWidget(picture("speed-rabbit", QStringLiteral("Fast")));
+    line->addWidget(picture("speed-rabbit", u"Fast"_s));
     return line;
 }
 
@@ -225,7 +228,7 @@ void GameEditor::setButtons(RunButtons state)
         m_gameWindow.holdKeys();
     else
         m_gameWindow.letKeysGo();
-    m_play->setToolTip(state == paused ? QStringLiteral("Resume normal running") : QString());
+    m_play->setToolTip(state == paused ? u"Resume normal running"_s : QString());
 }
 
 void GameEditor::setEnabled(bool on)
@@ -335,8 +338,8 @@ void GameEditor::closeEvent(QCloseEvent* event)
 bool GameEditor::mayClose()
 {
     if (m_codeEditor->isModified()) {
-        switch (forms::askYesNoCancel(this, QStringLiteral("Exit Editor"),
-                                      QStringLiteral("The program text has not been saved.  Save it now?"))) {
+        switch (forms::askYesNoCancel(this, u"Exit Editor"_s,
+                                      u"The program text has not been saved.  Save it now?"_s)) {
         case forms::Answer::Yes:
             if (!m_codeEditor->saveFile()) // the user has been told; closing now would lose the text
                 return false;

@@ -25,13 +25,13 @@ class GameEditor : public QWidget, public GameEditorPort
 {
     Q_OBJECT
 public:
-    /// Opens on CurrentGame.
-    explicit GameEditor(Desk& desk);
+    /// `game` is the one to work on; its title may change meanwhile.
+    GameEditor(Desk& desk, const GameRecord& game);
     ~GameEditor() override;
 
     ZBInterpreter& interpreter() { return *m_interpreter; }
     CodeEditorForm& codeEditor() { return *m_codeEditor; }
-    /// The title of CurrentGame has changed.
+    /// The title of the game has changed.
     void showTitle();
 
     void setButtons(RunButtons state) override;
@@ -65,6 +65,7 @@ private:
     void leave();
 
     Desk& m_desk;
+    const GameRecord& m_game;
     QToolButton* m_play = nullptr;
     QToolButton* m_pause = nullptr;
     QToolButton* m_step = nullptr;

@@ -19,6 +19,8 @@
 namespace
 {
 
+using namespace Qt::StringLiterals;
+
 /// A hidden picture of the run: shows what the run has there now.
 class RunPicture : public forms::PictureArea
 {
@@ -43,14 +45,14 @@ GameWindow::GameWindow()
     : m_display(new GameDisplay)
     , m_gameTimer(new QTimer(this))
 {
-    setObjectName(QStringLiteral("GameWindow"));
-    setWindowTitle(QStringLiteral("Game!"));
+    setObjectName(u"GameWindow"_s);
+    setWindowTitle(u"Game!"_s);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSizeConstraint(QLayout::SetFixedSize);
     layout->addWidget(m_display);
 
-    m_gameTimer->setObjectName(QStringLiteral("GameTimer"));
+    m_gameTimer->setObjectName(u"GameTimer"_s);
     m_gameTimer->setTimerType(Qt::PreciseTimer);
     connect(m_gameTimer, &QTimer::timeout, this, &GameWindow::GameTimer_Timer);
     connect(m_display, &GameDisplay::keyDown, this, &GameWindow::Display_KeyDown);

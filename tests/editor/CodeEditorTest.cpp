@@ -33,7 +33,7 @@ class CodeEditorTest : public testing::Test
 protected:
     ScratchFolder installation;
     PretendDesk desk{installation.path()};
-    std::unique_ptr<CodeEditor> editor = std::make_unique<CodeEditor>(desk);
+    std::unique_ptr<CodeEditor> editor = std::make_unique<CodeEditor>(desk, desk.module().CurrentGame);
     CodeView* view = editor->findChild<CodeView*>(QStringLiteral("CodeView"));
 
     static constexpr auto path = "games\\00000001\\code.txt";
@@ -67,7 +67,7 @@ protected:
         QString text = QLatin1String(textWithCursor);
         const qsizetype cursor = text.indexOf(u'|');
         text.remove(cursor, 1);
-        editor = std::make_unique<CodeEditor>(desk);
+        editor = std::make_unique<CodeEditor>(desk, desk.module().CurrentGame);
         view = editor->findChild<CodeView*>(QStringLiteral("CodeView"));
         load("");
         view->document()->setPlainText(text);

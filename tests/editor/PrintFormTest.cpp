@@ -100,7 +100,7 @@ class PrintTest : public testing::Test
 protected:
     ScratchFolder installation;
     PretendDesk desk{installation.path()};
-    CodeEditor editor{desk};
+    CodeEditor editor{desk, desk.module().CurrentGame};
     QTemporaryDir folder;
     QString file = folder.filePath(QStringLiteral("page.pdf"));
 

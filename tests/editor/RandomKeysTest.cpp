@@ -253,7 +253,7 @@ class RandomKeysTest : public testing::TestWithParam<unsigned>
 protected:
     ScratchFolder installation;
     PretendDesk desk{installation.path()};
-    CodeEditor editor{desk};
+    CodeEditor editor{desk, desk.module().CurrentGame};
     CodeView* view = editor.findChild<CodeView*>(u"CodeView"_s);
     QLineEdit* prompt = editor.findChild<QLineEdit*>(u"Minibuffer"_s);
     PlainEditor plain;

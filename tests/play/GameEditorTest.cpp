@@ -35,7 +35,7 @@ protected:
     using until = Script::until;
 
     Workshop()
-        : editor(new GameEditor(desk))
+        : editor(new GameEditor(desk, desk.module().CurrentGame))
     {
         desk.code.program = countingGame;
         static_cast<QWidget*>(editor)->show();

@@ -70,7 +70,7 @@ public:
     qsizetype libraries() const { return calls.count(QStringLiteral("library")); }
 
     bool closeGameWindows() override { return gameWindowsClose; }
-    CodeEditorForm* createCodeEditor() override { return &code; }
+    CodeEditorForm* createCodeEditor(const GameRecord& /*game*/) override { return &code; }
 
     PretendCodeEditor code;
     bool gameWindowsClose = true;

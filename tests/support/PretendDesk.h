@@ -43,7 +43,7 @@ public:
             calls += QStringLiteral("may change");
         return mayChange;
     }
-    CodeEditorForm* createCodeEditor() override { return nullptr; }
+    CodeEditorForm* createCodeEditor(const GameRecord& /*game*/) override { return nullptr; }
     void gameTitleChanged() override
     {
         calls += QStringLiteral("title ") + QString::fromStdString(m_module.CurrentGame.title);
