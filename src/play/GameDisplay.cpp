@@ -16,6 +16,8 @@
 namespace
 {
 
+using namespace Qt::StringLiterals;
+
 // In milliseconds.
 constexpr qint64 shortestTap = 40; // a frame at full speed and a little more
 constexpr qint64 repeatWait = 5;
@@ -26,7 +28,7 @@ constexpr qint64 longestClick = 2000; // from the press that takes the focus to 
 GameDisplay::GameDisplay(QWidget* parent)
     : forms::PictureArea("Display", parent)
 {
-    setAccessibleName(QStringLiteral("The running game"));
+    setAccessibleName(u"The running game"_s);
     setFocusPolicy(Qt::StrongFocus);
     setFixedSize(fieldSize, fieldSize);
 }
@@ -58,15 +60,19 @@ void GameDisplay::keyReleaseEvent(QKeyEvent* event)
     const quint64 now = event->timestamp();
     times->second.released = now;
     const auto held = static_cast<qint64>(now - times->second.pressed);
-    const std::chrono::milliseconds wait(std::clamp(shortestTap - held, repeatWait, shortestTap));
     const std::shared_ptr<const QKeyEvent> release(event->clone());
-    QTimer::singleShot(wait, Qt::PreciseTimer, this, [this, place, now, release] {
+    auto* wait = new QTimer(this); // a child: who wants to know whether a release is on its way can see it
+    wait->setSingleShot(true);
+    wait->setTimerType(Qt::PreciseTimer);
+    wait->callOnTimeout(this, [this, wait, place, now, release] {
+        wait->deleteLater();
         const auto waiting = m_times.find(place);
         if (waiting == m_times.end() || waiting->second.released != now)
             return; // it is down again
         m_times.erase(waiting);
         letGo(*release);
     });
+    wait->start(std::chrono::milliseconds(std::clamp(shortestTap - held, repeatWait, shortestTap)));
 }
 
 void GameDisplay::letGo(const QKeyEvent& release)

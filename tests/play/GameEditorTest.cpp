@@ -12,14 +12,15 @@
 #include <QAbstractButton>
 #include <QAbstractItemModel>
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QListView>
 #include <QPointer>
 #include <QSlider>
 #include <QTest>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <functional>
 
 namespace
@@ -54,6 +55,7 @@ protected:
         auto leave = [this]() -> Script {
             if (editor.isNull())
                 co_return;
+            haltMeAgain()->setInterval(haltRetry);
             editor->interpreter().StopGame();
             EXPECT_TRUE(co_await stops()) << "it does not stop";
         };
@@ -74,14 +76,22 @@ protected:
 
     void click(const char16_t* name) const { QTest::mouseClick(find<QAbstractButton>(name), Qt::LeftButton); }
 
+    /// The line that the spy window shows last.
+    QString lastLine() const
+    {
+        const QAbstractItemModel* history = find<QListView>(u"History")->model();
+        return history->index(history->rowCount() - 1, 0).data().toString();
+    }
+    bool isHistoryShown() const { return !find<QTimer>(u"RefreshTimer")->isActive(); }
+
     void close() { static_cast<QWidget*>(editor.data())->close(); }
     bool running() const { return editor->interpreter().context().InterpreterRunning(); }
     int frames() const { return editor->interpreter().context().frameNumber(); }
     bool gameIsSeen() const { return find<GameWindow>(u"GameWindow")->isVisible(); }
-    QTimer* gameTimer() const
-    {
-        return find<GameWindow>(u"GameWindow")->findChild<QTimer*>(QStringLiteral("GameTimer"));
-    }
+    QTimer* gameTimer() const { return find<QTimer>(u"GameTimer"); }
+    QTimer* haltMeAgain() const { return find<QTimer>(u"HaltMeAgain"); }
+    /// From now on a stop is tried again only by hand.
+    void holdHaltMeAgain() const { haltMeAgain()->setInterval(std::chrono::hours(1)); }
 
     /// The buttons that can be pressed, in the order of the window.
     QString enabled() const
@@ -112,7 +122,14 @@ protected:
     }
     until waits() const
     {
-        return until([this] { return waiting(); });
+        return until([this] { return waiting() && isHistoryShown(); });
+    }
+    /// For programs that never run the same line twice in a row, with every line shown.
+    until steps() const
+    {
+        const QString before = lastLine();
+        click(u"StepButton");
+        return until([this, before] { return waiting() && isHistoryShown() && lastLine() != before; });
     }
     until goesOn() const
     {
@@ -130,6 +147,7 @@ protected:
     /// From the event loop, not from the script: for what does not come back before it is answered.
     static void later(const std::function<void()>& act) { QTimer::singleShot(0, qApp, act); }
 
+    static constexpr int haltRetry = 200;
     static constexpr auto stopped = "P---cprs";
     static constexpr auto runs = "-=-#---s";
 
@@ -183,7 +201,6 @@ TEST_F(Workshop, RunsOneStatementForEachStep)
 {
     perform([this]() -> Script {
         find<QAbstractButton>(u"ShowEveryLineOfCode")->click();
-        auto* history = find<QListView>(u"History")->model();
         auto* variables = find<QListView>(u"Variables")->model();
         click(u"PlayButton");
         co_await played();
@@ -191,10 +208,12 @@ TEST_F(Workshop, RunsOneStatementForEachStep)
         co_await waits();
         QStringList seen;
         for (int i = 0; i < 3; ++i) {
-            click(u"StepButton");
-            co_await Script::pause(100); // two frames at least: without a further click nothing more runs
-            EXPECT_TRUE(waiting());
-            seen += history->index(history->rowCount() - 1, 0).data().toString();
+            EXPECT_TRUE(co_await steps());
+            seen += lastLine();
+            for (int tick = 0; tick < 2; ++tick) // without a further click nothing more runs
+                find<GameWindow>(u"GameWindow")->GameTimer_Timer();
+            EXPECT_TRUE(co_await waits());
+            EXPECT_EQ(lastLine(), seen.back());
         }
         // Wherever the pause fell into the loop, three steps show its three lines, each once.
         seen.sort();
@@ -212,13 +231,15 @@ TEST_F(Workshop, TakesItsTimeToStopAWaitingStatement)
         co_await played();
         click(u"PauseButton");
         co_await waits();
-        QElapsedTimer clock;
-        clock.start();
+        EXPECT_EQ(haltMeAgain()->interval(), haltRetry);
+        holdHaltMeAgain();
         click(u"StopButton");
+        EXPECT_TRUE(haltMeAgain()->isActive());
+        EXPECT_TRUE(co_await goesOn());
         EXPECT_TRUE(gameIsSeen());
         EXPECT_FALSE(editor->isEnabled());
-        EXPECT_TRUE(co_await stops());
-        EXPECT_GE(clock.elapsed(), 190);
+        editor->HaltMeAgain_Timer();
+        EXPECT_TRUE(isStopped());
         click(u"PlayButton");
         EXPECT_TRUE(co_await played()) << "a new run starts";
     }());
@@ -245,9 +266,7 @@ TEST_F(Workshop, SetsThePaceWithTheSlider)
             EXPECT_TRUE(gameTimer()->isActive());
         }
         slider->setValue(0);
-        const int standing = frames();
-        co_await Script::pause(100);
-        EXPECT_EQ(frames(), standing) << "the game stands still";
+        EXPECT_FALSE(gameTimer()->isActive()) << "the game stands still";
         QTest::keyClick(slider, Qt::Key_End);
         EXPECT_TRUE(co_await played());
     }());
@@ -279,6 +298,7 @@ TEST_F(Workshop, LeavesNothingOfARunToTheNext)
         co_await played();
         click(u"PauseButton");
         co_await waits();
+        holdHaltMeAgain();
         click(u"StopButton");
         EXPECT_TRUE(co_await goesOn());
         window->showMinimized();
@@ -287,8 +307,8 @@ TEST_F(Workshop, LeavesNothingOfARunToTheNext)
         click(u"PlayButton");
         EXPECT_TRUE(window->isVisible());
         EXPECT_FALSE(window->isMinimized());
-        co_await Script::pause(300);
-        EXPECT_TRUE(running()) << "the stop was meant for the run before";
+        EXPECT_FALSE(haltMeAgain()->isActive()) << "the stop was meant for the run before";
+        EXPECT_TRUE(co_await played());
     }());
 }
 
@@ -329,19 +349,22 @@ TEST_F(Workshop, CanBeToldAnErrorWhileItStops)
         desk.code.program =
             programOf("set counter$n 0", "if counter$n = 2 {\r\nchange counter$unset 1\r\n}if\r\n"
                                          "change counter$n 1\r\nif counter$n = 2 {\r\npause\r\n}if");
+        find<QAbstractButton>(u"ShowEveryLineOfCode")->click();
         click(u"PlayButton");
         co_await waits();
-        click(u"StepButton"); // the if; the next statement fails
-        co_await Script::pause(50);
+        EXPECT_TRUE(co_await steps()); // the if; the next statement fails
+        EXPECT_TRUE(lastLine().endsWith(QStringLiteral("change counter$unset 1")));
         editor->activateWindow();
-        editor->activateWindow();
+        int triesAgain = 0;
+        const auto counting = haltMeAgain()->callOnTimeout([&triesAgain] { ++triesAgain; });
         click(u"StopButton"); // the statement that is let go of fails while this window is switched off
         EXPECT_TRUE(co_await boxIsSeen());
         EXPECT_FALSE(editor->isEnabled());
-        co_await Script::pause(300); // the stop is tried again meanwhile
+        EXPECT_TRUE(co_await until([&triesAgain] { return triesAgain > 0; }));
         EXPECT_TRUE(QApplication::activeModalWidget()->isEnabled());
         answerBox(Qt::Key_Return);
         EXPECT_TRUE(co_await stops());
+        QObject::disconnect(counting);
     }());
 }
 
@@ -355,7 +378,7 @@ TEST_F(Workshop, TellsAMistakeOnce)
         EXPECT_FALSE(running());
         answerBox(Qt::Key_Return);
         EXPECT_TRUE(co_await stops());
-        co_await Script::pause(0);
+        co_await Script::turn();
         EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
         EXPECT_EQ(desk.module().ErrorLine, 8);
         EXPECT_EQ(desk.module().ErrorText, "@@@You can't use IT if you aren't in an event!");
@@ -367,6 +390,7 @@ TEST_F(Workshop, PassesKeysOnAndLetsGoOfThem)
     perform([this]() -> Script {
         desk.code.program =
             programOf("set text$left \"no\"", "set text$left keyboard.left\r\nset counter$b 1");
+        find<QAbstractButton>(u"ShowEveryLineOfCode")->click();
         auto* display = find<GameDisplay>(u"Display");
         auto* variables = find<QListView>(u"Variables")->model();
         auto left = [variables] {
@@ -398,13 +422,10 @@ TEST_F(Workshop, PassesKeysOnAndLetsGoOfThem)
                                    },
                                    false}}) {
             row.act();
-            for (int i = 0; i < 3;
-                 ++i) { // the statement that reads the key, and the next one that shows the variables
+            for (int i = 0; i < 3; ++i) { // the statement that reads the key, and those around it
                 co_await waits();
-                click(u"StepButton");
-                co_await Script::pause(50);
+                EXPECT_TRUE(co_await steps()) << row.what;
             }
-            co_await waits();
             EXPECT_EQ(left(), row.left) << row.what;
         }
     }());
@@ -504,8 +525,8 @@ TEST(GameDisplay, HoldsAKeyThroughItsRepetitionsAndThroughAFrame)
             QApplication::sendEvent(&display, &event);
         }
         EXPECT_EQ(seen, row.atOnce) << row.what;
-        QTest::qWait(60);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return seen == row.later; })) << row.what;
+        EXPECT_TRUE(QTest::qWaitFor([&] { return display.findChildren<QTimer*>().isEmpty(); })) << row.what;
+        EXPECT_EQ(seen, row.later) << row.what;
     }
 }
 
@@ -517,10 +538,11 @@ TEST_F(Workshop, EndsUpStoppedAfterAStormOfClicks)
                                          u"StopButton", u"StopButton"}) {
                 click(name);
                 if (round % 3 == 0)
-                    co_await Script::pause(0);
+                    co_await Script::turn();
             }
-            if (round % 20 == 0)
-                co_await Script::pause(250);
+            if (round % 20 == 0) {
+                EXPECT_TRUE(co_await stops());
+            }
         }
         click(u"StopButton");
         EXPECT_TRUE(co_await stops());
@@ -548,11 +570,15 @@ TEST_F(Workshop, AsksBeforeItThrowsTheTextAway)
             desk.code.saves = 0;
             desk.code.saveWorks = row.saveWorks;
             desk.gameWindowsClose = row.spritesClose;
-            later([this] { close(); });
+            bool hasClosed = false;
+            later([this, &hasClosed] {
+                close();
+                hasClosed = true;
+            });
             EXPECT_TRUE(co_await boxIsSeen());
             answerBox(row.key);
-            co_await until([] { return QApplication::activeModalWidget() == nullptr; });
-            co_await Script::pause(50);
+            EXPECT_TRUE(co_await until([&hasClosed] { return hasClosed; })) << row.what;
+            co_await Script::turn();
             EXPECT_EQ(desk.code.saves, row.saves) << row.what;
             EXPECT_EQ(desk.code.closed, row.closes) << row.what;
             EXPECT_EQ(desk.libraries(), row.closes ? 1 : 0) << row.what;
@@ -594,8 +620,12 @@ TEST_P(ClosingWorkshop, EndsTheRunFirst)
         }
         if (wanted == Reached::Stop)
             click(u"StopButton");
-        later([this] { close(); });
-        co_await Script::pause(60);
+        bool hasClosed = false;
+        later([this, &hasClosed] {
+            close();
+            hasClosed = true;
+        });
+        EXPECT_TRUE(co_await until([&hasClosed] { return hasClosed; }));
         if (wanted == Reached::Error) {
             EXPECT_FALSE(desk.code.closed) << "the message is still to be read";
             answerBox(Qt::Key_Return);

@@ -3,10 +3,11 @@
 
 #pragma once
 
-#include <QElapsedTimer>
+#include <QDeadlineTimer>
 #include <QEventLoop>
 #include <QTimer>
 
+#include <chrono>
 #include <coroutine>
 #include <cstdlib>
 #include <functional>
@@ -25,12 +26,12 @@ public:
         void unhandled_exception() { std::abort(); }
 
         std::function<bool()> awaited = [] { return true; };
-        QElapsedTimer waiting;
+        QDeadlineTimer patience{0};
     };
     using Handle = std::coroutine_handle<promise_type>;
 
-    /// co_await until(condition): goes on when it holds; false where it has not come to hold for three
-    /// seconds.
+    /// co_await until(condition): goes on when it holds; false where it has not come to hold for
+    /// longer than any machine takes.
     struct until {
         explicit until(std::function<bool()> condition)
             : holds(std::move(condition))
@@ -40,17 +41,15 @@ public:
         void await_suspend(Handle script)
         {
             script.promise().awaited = holds;
-            script.promise().waiting.start();
+            script.promise().patience.setRemainingTime(patience);
         }
         bool await_resume() const { return holds(); }
         std::function<bool()> holds;
     };
-    /// co_await pause(milliseconds)
-    static until pause(int milliseconds)
+    /// co_await turn(): lets the program handle what is waiting for it.
+    static until turn()
     {
-        QElapsedTimer clock;
-        clock.start();
-        return until([clock, milliseconds] { return clock.elapsed() >= milliseconds; });
+        return until([] { return true; });
     }
 
     Script(Script&& other) noexcept
@@ -76,7 +75,7 @@ public:
         bool acting = false; // what the script does may let events in
         clock.callOnTimeout(&clock, [&] {
             const promise_type& promise = now->m_script.promise();
-            if (acting || (!promise.awaited() && promise.waiting.elapsed() < patience))
+            if (acting || (!promise.awaited() && !promise.patience.hasExpired()))
                 return;
             acting = true;
             now->m_script.resume();
@@ -92,7 +91,7 @@ public:
     }
 
 private:
-    static constexpr int patience = 3000;
+    static constexpr std::chrono::seconds patience{20};
 
     explicit Script(Handle script)
         : m_script(script)
