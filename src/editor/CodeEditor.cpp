@@ -159,7 +159,7 @@ void CodeEditor::connectText()
 void CodeEditor::setFirstSize()
 {
     const QFontMetrics metrics(m_CodeView->font());
-    const int wished = std::max(metrics.horizontalAdvance(u'0') * columnsShown, m_bars->promptWidth());
+    const int wished = std::max(metrics.horizontalAdvance(u'0') * columnsShown, m_bars->wishedWidth());
     resize(std::min(wished, widestFirst),
            metrics.lineSpacing() * linesShown + m_bars->sizeHint().height() + menuBar()->sizeHint().height());
 }

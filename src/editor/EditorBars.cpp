@@ -3,6 +3,7 @@
 
 #include "editor/EditorBars.h"
 
+#include "forms/ActionRow.h"
 #include "forms/Icons.h"
 
 #include <QEvent>
@@ -15,6 +16,7 @@
 #include <QToolButton>
 
 #include <algorithm>
+#include <span>
 
 using namespace Qt::StringLiterals;
 
@@ -26,6 +28,8 @@ constexpr int gap = 8;
 constexpr int betweenBars = 2;
 constexpr int logoHeight = 40;
 constexpr int leastFieldColumns = 8;
+constexpr int leastHelpColumns = 36; // a usage line takes two lines at most
+constexpr int helpMargins = 32;
 
 QString searchCaption()
 {
@@ -43,36 +47,65 @@ QString captionAndField()
     return searchCaption() + QString(100, u' ');
 }
 
-struct Button {
-    const char* name;
-    const char* icon;
-    const char* caption;
-    const char* tip;
-    int toolbar;
-};
-
 // clang-format off
-constexpr Button buttons[] = {
-    {"UndoButton",       "undo",       "&Undo",        "Undo (Ctrl-Z)",      1},
-    {"SearchButton",     "search",     "Sear&ch",      "Search (Ctrl-S)",    1},
-    {"AutoIndentButton", "autoindent", "Auto-&indent", "Auto-indent",        2},
-    {"Gotolinebutton",   "gotoline",   "&Goto Line",   "Goto Line (Ctrl-1)", 2},
-    {"PrintButton",      "print",      "P&rint",       "Print",              2},
-    {"FontButton",       "font",       "Fo&nt",        "Change Font",        2},
+constexpr forms::ActionRow bigButtons[] = {
+    {"UndoButton",       "undo",       u"&Undo",        u"Undo (Ctrl-Z)"},
+    {"SearchButton",     "search",     u"Sear&ch",      u"Search (Ctrl-S)"},
+};
+constexpr forms::ActionRow smallButtons[] = {
+    {"AutoIndentButton", "autoindent", u"Auto-&indent", u"Auto-indent"},
+    {"Gotolinebutton",   "gotoline",   u"&Goto Line",   u"Goto Line (Ctrl-1)"},
+    {"PrintButton",      "print",      u"P&rint",       u"Print"},
+    {"FontButton",       "font",       u"Fo&nt",        u"Change Font"},
 };
 // clang-format on
 
-QToolButton* makeButton(const Button& entry)
+QFrame* makeToolbar(const char* name, std::span<const forms::ActionRow> rows, QSizePolicy::Policy vertical,
+                    QWidget* parent)
 {
-    const bool isBig = entry.toolbar == 1;
-    auto* button = new QToolButton;
-    button->setText(QLatin1String(entry.caption));
-    forms::setUpButton(*button, entry.name, entry.icon, QLatin1String(entry.tip));
-    button->setToolButtonStyle(isBig ? Qt::ToolButtonTextUnderIcon : Qt::ToolButtonTextBesideIcon);
-    button->setIconSize(isBig ? QSize(40, 40) : QSize(30, 24));
-    if (isBig)
-        button->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Expanding);
-    return button;
+    auto* bar = new QFrame(parent);
+    bar->setObjectName(QLatin1String(name));
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    policy.setRetainSizeWhenHidden(true); // the text below must not jump
+    bar->setSizePolicy(policy);
+    auto* line = new QHBoxLayout(bar);
+    line->setContentsMargins(gap, gap / 2, 0, gap / 2);
+    for (const forms::ActionRow& row : rows) {
+        auto* button = new QToolButton; // a click leaves the keyboard where it is: in the program
+        forms::setUpButton(*button, row);
+        button->setSizePolicy(QSizePolicy::Minimum, vertical);
+        line->addWidget(button);
+    }
+    line->addStretch();
+    return bar;
+}
+
+/// How the buttons of a bar look.
+struct ButtonLook {
+    Qt::ToolButtonStyle style;
+    QSize icon;
+    int spacing;
+};
+
+constexpr ButtonLook big{Qt::ToolButtonTextUnderIcon, {40, 40}, gap};
+constexpr ButtonLook bigBare{Qt::ToolButtonIconOnly, {32, 32}, gap / 4};
+constexpr ButtonLook small{Qt::ToolButtonTextBesideIcon, {30, 24}, gap};
+constexpr ButtonLook smallBare{Qt::ToolButtonIconOnly, {30, 24}, gap};
+constexpr ButtonLook smallDense{Qt::ToolButtonIconOnly, {24, 24}, gap / 4};
+
+void setLook(const QWidget& bar, const ButtonLook& look)
+{
+    for (auto* button : bar.findChildren<QToolButton*>()) {
+        button->setToolButtonStyle(look.style);
+        button->setIconSize(look.icon);
+    }
+    bar.layout()->setSpacing(look.spacing);
+    bar.layout()->invalidate();
+}
+
+int leastWidth(const QWidget& bar)
+{
+    return bar.layout()->minimumSize().width();
 }
 
 template<typename Label = QLabel> Label* makeLabel(const char* name, QWidget* parent = nullptr)
@@ -111,7 +144,8 @@ protected:
                                   palette(), isEnabled(), part, foregroundRole());
         };
         paint(0, text().first(blanks));
-        paint(m_hintPlace, text().sliced(blanks).trimmed());
+        const QString hint = text().sliced(blanks).trimmed();
+        paint(m_hintPlace, fontMetrics().elidedText(hint, Qt::ElideRight, width() - m_hintPlace));
     }
 
 private:
@@ -120,8 +154,8 @@ private:
 
 EditorBars::EditorBars(QWidget* parent)
     : QWidget(parent)
-    , m_Toolbar1(makeToolbar("Toolbar1", 1))
-    , m_Toolbar2(makeToolbar("Toolbar2", 2))
+    , m_Toolbar1(makeToolbar("Toolbar1", bigButtons, QSizePolicy::Expanding, this))
+    , m_Toolbar2(makeToolbar("Toolbar2", smallButtons, QSizePolicy::Fixed, this))
     , m_helpBar(makeHelpBar())
     , m_ShowCursorPos(makeLabel("ShowCursorPos"))
     , m_ShowStatus(makeLabel<StatusLabel>("ShowStatus", this))
@@ -147,24 +181,6 @@ EditorBars::EditorBars(QWidget* parent)
     grid->addWidget(m_helpBar, 1, 1, 1, 2);
     grid->setColumnStretch(1, 1);
     measure();
-}
-
-QFrame* EditorBars::makeToolbar(const char* name, int row)
-{
-    auto* bar = new QFrame(this);
-    bar->setObjectName(QLatin1String(name));
-    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
-    policy.setRetainSizeWhenHidden(true); // the text below must not jump
-    bar->setSizePolicy(policy);
-    auto* line = new QHBoxLayout(bar);
-    line->setContentsMargins(gap, gap / 2, 0, gap / 2);
-    line->setSpacing(gap);
-    for (const Button& entry : buttons) {
-        if (entry.toolbar == row)
-            line->addWidget(makeButton(entry));
-    }
-    line->addStretch();
-    return bar;
 }
 
 QFrame* EditorBars::makeHelpBar()
@@ -197,10 +213,16 @@ QString EditorBars::searchPrompt()
     return captionAndField() + searchHint();
 }
 
-int EditorBars::promptWidth() const
+int EditorBars::wishedWidth() const
 {
     const QFontMetrics metrics(m_ShowStatus->font());
-    return metrics.horizontalAdvance(searchPrompt()) + 2 * gap + m_ShowCursorPos->width();
+    const int prompt = metrics.horizontalAdvance(searchPrompt()) + 2 * gap + m_ShowCursorPos->width();
+    return std::max(prompt, m_leastWidths[All]);
+}
+
+QSize EditorBars::minimumSizeHint() const
+{
+    return {m_leastWidths[None], QWidget::minimumSizeHint().height()};
 }
 
 void EditorBars::showToolbars(bool shown)
@@ -229,7 +251,14 @@ void EditorBars::showStatus(const QString& status)
 void EditorBars::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
+    fitCaptions();
     placePrompt();
+}
+
+void EditorBars::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    fitCaptions();
 }
 
 void EditorBars::changeEvent(QEvent* event)
@@ -247,7 +276,35 @@ void EditorBars::measure()
     m_ShowHelp->setFixedHeight(std::max(2 * metrics.lineSpacing() + 2, logoHeight));
     m_Logo->setPixmap(
         forms::icon("logo-small").pixmap(QSize(4 * logoHeight, logoHeight), devicePixelRatioF()));
+    for (const Captions captions : {None, BelowIcons, All}) {
+        setCaptions(captions);
+        m_leastWidths[captions] =
+            leastWidth(*m_Toolbar1) + leastWidth(*m_Toolbar2) + m_ShowCursorPos->width();
+    }
+    fitCaptions();
+    updateGeometry();
     placePrompt();
+}
+
+void EditorBars::setCaptions(Captions captions)
+{
+    m_captions = captions;
+    setLook(*m_Toolbar1, captions == None ? bigBare : big);
+    setLook(*m_Toolbar2, captions == None ? smallDense : captions == All ? small : smallBare);
+}
+
+/// As many captions as there is room for. Before anybody sees them the room is not known.
+void EditorBars::fitCaptions()
+{
+    if (!isVisible())
+        return;
+    const auto fits = [this](Captions captions) { return m_leastWidths[captions] <= width(); };
+    const Captions captions = fits(All) ? All : fits(BelowIcons) ? BelowIcons : None;
+    if (captions != m_captions)
+        setCaptions(captions);
+    // The help comes before the picture.
+    const int help = width() - leastWidth(*m_Toolbar1) - helpMargins - m_Logo->sizeHint().width() - gap;
+    m_Logo->setVisible(help >= QFontMetrics(font()).averageCharWidth() * leastHelpColumns);
 }
 
 /// The hint stands where the blanks end, or further left where it would not be seen whole there; the input

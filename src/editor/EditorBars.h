@@ -5,6 +5,8 @@
 
 #include <QWidget>
 
+#include <array>
+
 class QFrame;
 class QLabel;
 class QLineEdit;
@@ -24,8 +26,9 @@ public:
 
     /// The caption of the search prompt. Its hint stands to the right of the input field.
     static QString searchPrompt();
-    /// The width at which every prompt can be read whole.
-    int promptWidth() const;
+    /// The width at which every caption and every prompt can be read whole.
+    int wishedWidth() const;
+    QSize minimumSizeHint() const override;
 
     void showToolbars(bool shown);
     void showPosition(int line, int column);
@@ -35,14 +38,18 @@ public:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
     class StatusLabel;
+    /// Which buttons have a caption. Where there is no room, those beside their icons go first.
+    enum Captions { None, BelowIcons, All };
 
-    QFrame* makeToolbar(const char* name, int row);
     QFrame* makeHelpBar();
     void measure();
+    void setCaptions(Captions captions);
+    void fitCaptions();
     void placePrompt();
 
     QFrame* m_Toolbar1;
@@ -53,4 +60,6 @@ private:
     StatusLabel* m_ShowStatus;
     QLabel* m_Logo;
     QLineEdit* m_Minibuffer;
+    std::array<int, All + 1> m_leastWidths{}; ///< with these captions
+    Captions m_captions = All;
 };
