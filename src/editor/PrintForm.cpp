@@ -15,6 +15,7 @@
 #include <QPointer>
 #include <QPrinterInfo>
 #include <QPushButton>
+#include <QScreen>
 #include <QStandardPaths>
 #include <QVBoxLayout>
 
@@ -102,6 +103,8 @@ bool PrintForm::askForFile()
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setDefaultSuffix(u"pdf"_s);
     dialog->setOption(QFileDialog::DontUseNativeDialog);
+    constexpr QSize borders(16, 48); // what a desktop puts around it, at most
+    dialog->resize(dialog->size().boundedTo(screen()->availableSize() - borders));
     const bool isAccepted = dialog->exec() == QDialog::Accepted;
     if (dialog.isNull())
         return false; // the windows below went away and took it along

@@ -91,7 +91,11 @@ public:
         m_settled.reset();
         if (!hasOneSize())
             m_window.resize(outer.size().shrunkBy(frame));
-        m_window.move(outer.topLeft());
+        QWindow* shown = m_window.isVisible() ? m_window.windowHandle() : nullptr;
+        if (shown != nullptr && shown->frameMargins().isNull())
+            shown->setFramePosition(outer.topLeft()); // the desktop has still to put something around it
+        else
+            m_window.move(outer.topLeft());
     }
 
     bool eventFilter(QObject* watched, QEvent* event) override
