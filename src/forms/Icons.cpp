@@ -83,7 +83,7 @@ public:
 private:
     QPixmap draw(const QSize& size, QIcon::Mode mode) const
     {
-        const QPixmap drawn = QPixmap::fromImage(drawingOf(m_file, size));
+        QPixmap drawn = QPixmap::fromImage(drawingOf(m_file, size));
         if (mode != QIcon::Disabled)
             return drawn;
         QStyleOption option;

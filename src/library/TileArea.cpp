@@ -54,7 +54,7 @@ TileArea::TileArea(const char* objectName, int slotWidth, QWidget* parent)
     , m_slotWidth(slotWidth)
 {
     setObjectName(QLatin1String(objectName));
-    setMinimumSize(sizeHint());
+    setMinimumSize(TileArea::sizeHint());
 }
 
 QSize TileArea::sizeHint() const

@@ -17,7 +17,7 @@ TEST(NameOrder, PutsNamesAsPeopleDo)
     };
     std::vector<std::string> shuffled = names;
     for (std::size_t turn = 0; turn < names.size(); ++turn) {
-        std::ranges::rotate(shuffled, shuffled.begin() + 5);
+        std::rotate(shuffled.begin(), shuffled.begin() + 5, shuffled.end());
         std::vector<std::string> sorted;
         for (const QString& name : forms::inNameOrder(shuffled))
             sorted.push_back(forms::toUtf8(name));
