@@ -19,7 +19,11 @@
 #include "sprites/SpriteEditor.h"
 
 #include <QCoreApplication>
+#include <QEvent>
 #include <QTimer>
+
+#include <functional>
+#include <utility>
 
 namespace
 {
@@ -42,6 +46,31 @@ bool shut(QWidget* window)
 {
     return window == nullptr || window->close();
 }
+
+/// Does something once a window has been painted: by then the desktop has put it in its place, so that what
+/// is shown over it comes up there, too.
+class OncePainted : public QObject
+{
+public:
+    OncePainted(QWidget* window, std::function<void()> action)
+        : QObject(window)
+        , m_action(std::move(action))
+    {
+        window->installEventFilter(this);
+    }
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint) {
+            watched->removeEventFilter(this);
+            QTimer::singleShot(0, watched, m_action);
+            deleteLater();
+        }
+        return false;
+    }
+
+private:
+    std::function<void()> m_action;
+};
 
 } // namespace
 
@@ -84,11 +113,9 @@ void Workbench::start(const QImage& backdrop)
 {
     open(m_library, *this, backdrop);
     const WritableCheck check(m_installation);
-    if (check.isWritable())
-        return;
-    // Later, over a library that can be seen.
-    QTimer::singleShot(0, m_library,
-                       [library = m_library, text = check.message()] { forms::warn(library, text); });
+    if (!check.isWritable())
+        new OncePainted(m_library,
+                        [library = m_library, text = check.message()] { forms::warn(library, text); });
 }
 
 void Workbench::showGameEditor()

@@ -122,6 +122,11 @@ TEST_F(WholeProgram, TellsAtTheStartWhereNothingCanBeSaved)
         const AskedAsOrdinaryUser user;
         workbench->start(QImage());
     }
+    QWidget* const library = window("ZorbinoMain");
+    library->hide();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(dialogs.boxes.size(), 0) << "not before the desktop has put the library in its place";
+    library->show();
     EXPECT_TRUE(QTest::qWaitFor([&] { return !dialogs.boxes.isEmpty(); }));
     EXPECT_EQ(dialogs.onlyText().find("You can look at the games and play them, but I can't save anything"),
               0U);
