@@ -306,6 +306,10 @@ TEST_F(Draft, RemembersWhatItHasSavedAndWhatItTook)
     folder.remove("games/00000001");
     EXPECT_FALSE(draft.save());
     EXPECT_FALSE(draft.isSaved());
+    draft.takeStored();
+    EXPECT_TRUE(draft.isSaved()) << "there is nothing left to save";
+    folder.remove("games");
+    EXPECT_FALSE(draft.save());
     folder.makeFolder("games/00000001");
     EXPECT_TRUE(draft.save());
     EXPECT_TRUE(draft.isSaved());

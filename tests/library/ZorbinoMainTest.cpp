@@ -92,7 +92,7 @@ TEST(TrayLayout, FindsTheSlotUnderThePointer)
         int width;
         int slot;
     } points[] = {{0, 600, 0},   {5, 600, 0},   {129, 600, 0}, {130, 600, 1},
-                  {490, 600, 4}, {599, 600, 4}, {3, 2, 0}};
+                  {490, 600, 4}, {599, 600, 4}, {13, 5, 3},    {3, 2, 0}};
     for (const auto& point : points)
         EXPECT_EQ(slotAt(point.x, point.width), point.slot) << point.x;
 }

@@ -42,6 +42,7 @@ chmod -R a-w "$from"
 expect "the program is there" is "$to/zorbino.exe" 1
 expect "the templates are there" is "$to/zbo/code.txt" template
 expect "the games are there" is "$to/games/00000002/code.txt" maze
+expect "the sums are those of cksum" [ "$(grep ' zbo/' "$to/.shipped" | sort)" = "$(cd "$from" && cksum zbo/code.txt zbo/icons/* | sort)" ]
 expect "the copies can be written to" eval 'echo mine >"$to/games/00000002/code.txt" && touch "$to/games/00000002/new"'
 
 # The user works; a newer version comes.
