@@ -93,14 +93,16 @@ constexpr ButtonLook small{Qt::ToolButtonTextBesideIcon, {30, 24}, gap};
 constexpr ButtonLook smallBare{Qt::ToolButtonIconOnly, {30, 24}, gap};
 constexpr ButtonLook smallDense{Qt::ToolButtonIconOnly, {24, 24}, gap / 4};
 
-void setLook(const QWidget& bar, const ButtonLook& look)
+void setLook(QWidget& bar, const ButtonLook& look)
 {
     for (auto* button : bar.findChildren<QToolButton*>()) {
+        button->ensurePolished(); // its style decides how wide it is
         button->setToolButtonStyle(look.style);
         button->setIconSize(look.icon);
     }
     bar.layout()->setSpacing(look.spacing);
     bar.layout()->invalidate();
+    bar.updateGeometry(); // the layout around it remembers its old size
 }
 
 int leastWidth(const QWidget& bar)
@@ -265,7 +267,7 @@ void EditorBars::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
-        measure();
+        QMetaObject::invokeMethod(this, &EditorBars::measure, Qt::QueuedConnection); // the buttons follow
 }
 
 /// Sizes that do not depend on what is shown: a label that keeps its size costs no new layout at every key.

@@ -18,12 +18,14 @@
 #include <QMimeData>
 #include <QPointer>
 #include <QTest>
+#include <QToolButton>
 
 #include <gtest/gtest.h>
 
 #include <functional>
 #include <map>
 #include <memory>
+#include <set>
 
 namespace
 {
@@ -55,6 +57,23 @@ protected:
     std::string title() { return editor->windowTitle().toStdString(); }
     void click(const char* name) { QTest::mouseClick(find<QAbstractButton>(name), Qt::LeftButton); }
     void choose(const char* name) { find<QAction>(name)->trigger(); }
+
+    /// How many buttons show their caption; each is seen whole and says what it does.
+    std::size_t captionsShown()
+    {
+        std::size_t shown = 0;
+        for (const char* bar : {"Toolbar1", "Toolbar2"}) {
+            for (const auto* button : find<QWidget>(bar)->findChildren<QToolButton*>()) {
+                shown += button->toolButtonStyle() == Qt::ToolButtonIconOnly ? 0U : 1U;
+                EXPECT_GE(button->width(), button->sizeHint().width());
+                EXPECT_TRUE(button->parentWidget()->rect().contains(button->geometry()));
+                EXPECT_FALSE(button->toolTip().isEmpty());
+                EXPECT_FALSE(button->accessibleName().isEmpty());
+                EXPECT_FALSE(button->shortcut().isEmpty());
+            }
+        }
+        return shown;
+    }
 
     /// The text with | where the cursor is.
     std::string now()
@@ -562,4 +581,31 @@ TEST_F(CodeEditorTest, EveryItemIsThereAndTheIdleOnesCannotBeChosen)
     const QWidget* bar = find<QWidget>("Toolbar1");
     EXPECT_EQ(bar->height(), find<QWidget>("helpBar")->height() + find<QWidget>("Toolbar2")->height() + 2);
     EXPECT_EQ(view->mapTo(editor->centralWidget(), QPoint()), QPoint(0, bar->height()));
+}
+
+TEST_F(CodeEditorTest, ItsButtonsGiveUpTheirCaptionsWhereThereIsNoRoom)
+{
+    const QFont usual = QApplication::font();
+    for (const int points : {11, 17}) {
+        QFont font = usual;
+        font.setPointSize(points);
+        QApplication::setFont(font);
+        editor = std::make_unique<CodeEditor>(desk, desk.module().CurrentGame);
+        load("a\r\n");
+        const int least = editor->minimumSizeHint().width();
+        EXPECT_LT(least, 600);
+        std::set<std::size_t> captioned{0};
+        for (const int width : {least, 640, 683, 800, 1024, 1280, 1366, 1920}) {
+            SCOPED_TRACE(testing::Message() << points << " points, " << width << " pixels");
+            editor->resize(width, 500);
+            QCoreApplication::processEvents(); // the bars lay themselves out
+            EXPECT_EQ(editor->width(), width);
+            const std::size_t now = captionsShown();
+            EXPECT_GE(now, *captioned.rbegin()) << "fewer than in a smaller window";
+            captioned.insert(now);
+            EXPECT_LT(find<QWidget>("ShowCursorPos")->geometry().right(), width);
+        }
+        EXPECT_EQ(captioned, (std::set<std::size_t>{0, 2, 6})) << "none, those below their icons, all";
+    }
+    QApplication::setFont(usual);
 }
