@@ -18,7 +18,10 @@
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
+#include <QScreen>
 #include <QTimer>
+
+#include <algorithm>
 
 // The boxes live on the heap behind a QPointer: while one waits, the window below it may go away and take it
 // along.
@@ -42,6 +45,43 @@ bool isTyping()
     const QWidget* focused = QApplication::focusWidget();
     return focused != nullptr && focused->testAttribute(Qt::WA_InputMethodEnabled);
 }
+
+/// Keeps a box in the middle of its window: one that comes right after its window is there before the desktop
+/// has found a place for that.
+class Middle : public QObject
+{
+public:
+    explicit Middle(QWidget& box)
+        : QObject(&box)
+        , m_box(box)
+        , m_window(box.parentWidget())
+    {
+        if (m_window != nullptr)
+            m_window->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        const bool isMoved = event->type() == QEvent::Move || event->type() == QEvent::Resize;
+        if (isMoved && m_box.isVisible())
+            keep();
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    void keep()
+    {
+        QRect place = m_box.frameGeometry();
+        place.moveCenter(m_window->frameGeometry().center());
+        const QRect screen = m_window->screen()->availableGeometry();
+        const QPoint last = screen.bottomRight() - place.bottomRight() + place.topLeft();
+        m_box.move(std::clamp(place.x(), screen.x(), std::max(screen.x(), last.x())),
+                   std::clamp(place.y(), screen.y(), std::max(screen.y(), last.y())));
+    }
+
+    QWidget& m_box;
+    QWidget* m_window;
+};
 
 /// A box that can come while someone types. Letters that were meant for the text below press no button: none
 /// counts before the user has stopped typing, and none that is held down.
@@ -107,6 +147,7 @@ QMessageBox* makeBox(QWidget* parent, const QString& title, const QString& text,
                      QMessageBox::StandardButtons buttons)
 {
     auto* box = new PatientBox(parent != nullptr ? parent->window() : nullptr);
+    new Middle(*box);
     box->setObjectName(u"MessageBox"_s);
     box->setWindowTitle(title);
     box->setTextFormat(Qt::PlainText);

@@ -121,12 +121,21 @@ private:
     bool m_wasShown = false;
 };
 
-/// What the desktop puts around a window; a guess until it has done so.
+QMargins givenFrame(const QWidget& window)
+{
+    return window.windowHandle() != nullptr ? window.windowHandle()->frameMargins() : QMargins();
+}
+
+/// What the desktop puts around a window. Until it has done so, what it has put around another.
 QMargins frameOf(const QWidget& window)
 {
-    const QMargins frame =
-        window.windowHandle() != nullptr ? window.windowHandle()->frameMargins() : QMargins();
-    return frame.isNull() ? QMargins(0, forms::titleBarHeight, 0, 0) : frame;
+    if (const QMargins frame = givenFrame(window); !frame.isNull())
+        return frame;
+    for (const QWidget* other : QApplication::topLevelWidgets()) {
+        if (const QMargins frame = givenFrame(*other); kindOf(*other) != nullptr && !frame.isNull())
+            return frame;
+    }
+    return {1, forms::titleBarHeight, 1, 1};
 }
 
 QRect outerArea(const QWidget& window)

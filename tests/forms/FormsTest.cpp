@@ -14,6 +14,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <tuple>
 
 namespace
@@ -163,14 +164,21 @@ TEST(MessageBoxes, TakeNoLettersFromSomeoneWhoTypes)
     QTimer::singleShot(0, qApp, [] {
         QWidget* box = QApplication::activeModalWidget();
         ASSERT_NE(box, nullptr);
+        auto* pause = box->findChild<QTimer*>(u"TypingPause"_s);
+        EXPECT_TRUE(pause->isActive());
+        pause->setInterval(std::chrono::hours(1)); // whatever the machine takes for the letters
         ASSERT_TRUE(QTest::qWaitForWindowExposed(box));
         QTest::keyClicks(box, u"yonc"_s);
         EXPECT_TRUE(box->isVisible());
-        QTRY_VERIFY_WITH_TIMEOUT(!box->findChild<QTimer*>(u"TypingPause"_s)->isActive(), 20000);
+        const auto stopTyping = [pause] {
+            pause->setInterval(0);
+            QTRY_VERIFY_WITH_TIMEOUT(!pause->isActive(), 20000);
+        };
+        stopTyping();
         QKeyEvent held(QEvent::KeyPress, Qt::Key_N, Qt::NoModifier, u"n"_s, true);
         QApplication::sendEvent(box, &held);
         EXPECT_TRUE(box->isVisible()) << "a letter that is held down since before";
-        QTRY_VERIFY_WITH_TIMEOUT(!box->findChild<QTimer*>(u"TypingPause"_s)->isActive(), 20000);
+        stopTyping();
         QTest::keyClick(box, Qt::Key_N);
     });
     EXPECT_EQ(forms::askYesNoCancel(nullptr, u"Title"_s, u"Question?"_s), forms::Answer::No);
@@ -183,6 +191,28 @@ TEST(MessageBoxes, AreSafeWhereEnterWouldLoseSomething)
         answerWith(Qt::Key_Return);
         EXPECT_EQ(forms::askOk(nullptr, u"Title"_s, u"Remove it?"_s, button), button == DefaultButton::Ok);
     }
+}
+
+TEST(MessageBoxes, StandInTheMiddleOfAWindowThatIsStillBeingPlaced)
+{
+    QWidget window;
+    window.resize(300, 200);
+    window.show();
+    QTimer::singleShot(0, &window, [&window] {
+        QWidget* box = QApplication::activeModalWidget();
+        ASSERT_NE(box, nullptr);
+        const auto isInTheMiddle = [&] {
+            return box->frameGeometry().center() == window.frameGeometry().center();
+        };
+        window.move(300, 350);
+        EXPECT_TRUE(QTest::qWaitFor(isInTheMiddle));
+        window.resize(400, 100);
+        EXPECT_TRUE(QTest::qWaitFor(isInTheMiddle));
+        window.move(-200, 350);
+        EXPECT_TRUE(QTest::qWaitFor([box] { return box->x() == 0; })) << "still on the screen";
+        QTest::keyClick(box, Qt::Key_Escape);
+    });
+    forms::tell(&window, u"Text"_s);
 }
 
 TEST(MessageBoxes, OutliveTheirWindow)
