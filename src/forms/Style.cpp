@@ -79,7 +79,7 @@ QPushButton:hover, QToolButton:hover { border-color: @hover; background: @lit; }
 QPushButton:pressed, QToolButton:pressed, QPushButton:checked, QToolButton:checked {
     border-color: @accent; background: @down;
 }
-QPushButton:focus, QToolButton:focus { border-color: @accent; }
+QPushButton:focus, QToolButton:focus { border-color: @accent; outline: none; } /* one ring is enough */
 QPushButton:disabled, QToolButton:disabled { border-color: @faint; background: transparent; }
 EditorBars QToolButton, GameEditor QToolButton { padding: 5px 4px; } /* windows that have to fit beside others */
 QToolBar QToolButton { padding: 3px; border-radius: 7px; }
