@@ -10,6 +10,24 @@
 
 #include <QGuiApplication>
 
+#include <new>
+#include <optional>
+
+namespace
+{
+
+/// What was begun early, or nothing where there was no memory for it: the window then begins anew.
+template<typename Result> std::optional<Result> resultOf(std::future<Result>& begun)
+{
+    try {
+        return begun.get();
+    } catch (const std::bad_alloc&) {
+        return std::nullopt;
+    }
+}
+
+} // namespace
+
 StartEarly::StartEarly(const std::filesystem::path& root)
     : m_backdrop(std::async([root] {
         PictureFiles pictures;
@@ -26,11 +44,12 @@ StartEarly::~StartEarly() = default; // waits for what nobody has fetched
 void StartEarly::keepIcons()
 {
     for (auto& [name, drawing] : m_icons)
-        forms::keepIcon(name, drawing.get());
+        if (const auto image = resultOf(drawing))
+            forms::keepIcon(name, *image);
     m_icons.clear();
 }
 
 QImage StartEarly::backdrop()
 {
-    return m_backdrop.valid() ? m_backdrop.get() : QImage();
+    return m_backdrop.valid() ? resultOf(m_backdrop).value_or(QImage()) : QImage();
 }
