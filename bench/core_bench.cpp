@@ -411,7 +411,7 @@ void Read_Zorbino(benchmark::State& state)
         if (!read.tree.Parse(array, reporter))
             std::abort();
         read.compile();
-        benchmark::DoNotOptimize(read);
+        benchmark::DoNotOptimize(&read);
     }
     state.SetItemsProcessed(state.iterations() * lines);
 }

@@ -66,5 +66,5 @@ void FuzzGame::play(std::string_view program, int frames, const std::vector<KeyC
     options.frames = frames;
     options.trace = options.dump = options.wantsPicture = options.showMap = true;
     options.boxes = {true, true, true};
-    m_player.run(withProductLineEnds(decodeText(program)), options, keys);
+    m_player.run(withProductLineEnds(decodeText(std::string(program))), options, keys);
 }

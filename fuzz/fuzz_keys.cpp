@@ -12,7 +12,7 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    const std::string text = decodeText(textOf(data, size));
+    const std::string text = decodeText(std::string(textOf(data, size)));
     std::vector<KeyChange> keys;
     int badLine = 0;
     if (!parseKeys(text, keys, badLine)) {

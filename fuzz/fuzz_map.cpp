@@ -9,7 +9,7 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    const std::string text = decodeText(textOf(data, size));
+    const std::string text = decodeText(std::string(textOf(data, size)));
     ZBMap map;
     map.Create(5, 5);
     const bool isRead = map.fromText(text);

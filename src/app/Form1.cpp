@@ -106,12 +106,12 @@ Form1::Form1()
 void Form1::ParseButton_Click()
 {
     const std::string name = forms::toUtf8(FileName->text());
-    const auto bytes = readFileBytes(name, Installation::maximumFileSize);
+    auto bytes = readFileBytes(name, Installation::maximumFileSize);
     if (!bytes) {
         forms::warn(this, u"I can't read the file \"%1\"."_s.arg(FileName->text()));
         return;
     }
-    const std::string text = withProductLineEnds(decodeText(*bytes));
+    const std::string text = withProductLineEnds(decodeText(std::move(*bytes)));
     ProgramText->setPlainText(forms::fromUtf8(text));
 
     const LineArray lines(text);

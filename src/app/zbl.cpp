@@ -90,10 +90,10 @@ private:
 
 int check(const std::string& file)
 {
-    const auto bytes = readFileBytes(file, Installation::maximumFileSize);
+    auto bytes = readFileBytes(file, Installation::maximumFileSize);
     if (!bytes)
         return complain("cannot read " + file);
-    const LineArray lines(withProductLineEnds(decodeText(*bytes)));
+    const LineArray lines(withProductLineEnds(decodeText(std::move(*bytes))));
     PrintingReporter reporter(lines);
     ZBLProgramExp program;
     return finish(program.Parse(lines, reporter) ? Fine : ParseFailed);
@@ -188,23 +188,23 @@ int run(std::span<char*> words)
 
     std::vector<KeyChange> keys;
     if (!call.keysFile.empty()) {
-        const auto bytes = readFileBytes(call.keysFile, Installation::maximumFileSize);
+        auto bytes = readFileBytes(call.keysFile, Installation::maximumFileSize);
         int badLine = 0;
         if (!bytes)
             return complain("cannot read " + call.keysFile);
-        if (!parseKeys(decodeText(*bytes), keys, badLine))
+        if (!parseKeys(decodeText(std::move(*bytes)), keys, badLine))
             return complain("line " + std::to_string(badLine) + " of " + call.keysFile + " is no key line");
     }
 
     const GamePlace place = placeOf(call.game);
     const Installation installation(place.installation);
-    const auto text = installation.readText(place.gamesFolder + place.folder + "code.txt");
+    auto text = installation.readText(place.gamesFolder + place.folder + "code.txt");
     if (!text)
         return complain("cannot read the program of the game in " + call.game);
     ZB module = moduleOf(installation, place);
     PictureFiles pictures;
     HeadlessPlayer player(module, installation, pictures, printLine);
-    const auto result = player.run(withProductLineEnds(*text), call.options, keys);
+    const auto result = player.run(withProductLineEnds(std::move(*text)), call.options, keys);
     if (result != HeadlessPlayer::Result::ParseError && call.options.wantsPicture &&
         !writePng(player.display(), call.pictureFile))
         return complain("cannot write " + call.pictureFile);

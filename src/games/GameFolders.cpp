@@ -115,7 +115,7 @@ GameRecord gameRecordOf(std::string_view folder, std::string_view propertiesByte
 {
     GameRecord game;
     game.folder = folder;
-    const std::string text = decodeText(propertiesBytes);
+    const std::string text = decodeText(std::string(propertiesBytes));
     const auto lines = splitLines(text);
     if (!lines.empty())
         game.author = lines[0];

@@ -41,7 +41,7 @@ HeadlessPlayer::HeadlessPlayer(ZB& module, const FileSource& files, PictureReade
 {
 }
 
-HeadlessPlayer::Result HeadlessPlayer::run(std::string_view text, const HeadlessOptions& options,
+HeadlessPlayer::Result HeadlessPlayer::run(std::string text, const HeadlessOptions& options,
                                            const std::vector<KeyChange>& keys)
 {
     m_options = options;
@@ -51,7 +51,7 @@ HeadlessPlayer::Result HeadlessPlayer::run(std::string_view text, const Headless
     ZBContext& context = m_interpreter.context();
     context.setShowMap(options.showMap);
 
-    tellFaults(m_interpreter.RunGame(text, RunKind::Traced));
+    tellFaults(m_interpreter.RunGame(std::move(text), RunKind::Traced));
     if (m_parseFailed)
         return Result::ParseError;
     context.addInputs(inputsOf(keys));

@@ -38,7 +38,7 @@ public:
     HeadlessPlayer(ZB& module, const FileSource& files, PictureReader& pictures, LineOutput output);
 
     enum class Result { AllFrames = 0, ParseError = 1, RuntimeError = 2 };
-    Result run(std::string_view text, const HeadlessOptions& options, const std::vector<KeyChange>& keys);
+    Result run(std::string text, const HeadlessOptions& options, const std::vector<KeyChange>& keys);
 
     /// One more frame of a run.
     void playFrame() { tellFaults(m_interpreter.timerTick()); }

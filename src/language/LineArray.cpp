@@ -8,68 +8,86 @@
 #include "platform/Utf8.h"
 
 #include <algorithm>
-#include <functional>
+#include <utility>
 
-LineArray::LineArray(std::string_view text)
+namespace
 {
-    m_text.reserve(text.size() + 4);
-    m_text = text;
+
+bool isAsciiText(std::string_view text)
+{
+    unsigned char bits = 0; // of all characters; without a way out in the middle it is many at a time
+    for (const char c : text)
+        bits |= static_cast<unsigned char>(c);
+    return bits < 0x80;
+}
+
+std::size_t lineEnds(std::string_view text)
+{
+    std::size_t count = 0;
+    for (std::size_t at = text.find('\n'); at != std::string_view::npos; at = text.find('\n', at + 1))
+        ++count;
+    return count;
+}
+
+} // namespace
+
+LineArray::LineArray(std::string text)
+    : m_text(std::move(text))
+{
     m_text += "\r\n\r\n";
+    for (char& c : m_text)
+        c = static_cast<char>(c + (c >= 'A' && c <= 'Z' ? 'a' - 'A' : 0));
     cutIntoLines();
     matchBlocks();
 }
 
 void LineArray::cutIntoLines()
 {
-    m_lines.reserve(static_cast<std::size_t>(std::ranges::count(m_text, '\n')));
-    char* at = m_text.data();
-    const char* const end = at + m_text.size();
-    // One look at every character; a line end stands behind each line.
-    while (at != end) {
-        const char* const start = at;
-        const char* codeEnd = nullptr; // where the comment begins
-        bool ascii = true;
-        for (; !(at[0] == '\r' && at[1] == '\n'); ++at) {
-            const char c = *at;
-            if (c >= 'A' && c <= 'Z')
-                *at = static_cast<char>(c - 'A' + 'a');
-            else if (c == ';' && !codeEnd)
-                codeEnd = at;
-            else if (static_cast<unsigned char>(c) >= 0x80)
-                ascii = false;
-        }
-        const std::string_view line =
-            trimSpaces({start, static_cast<std::size_t>((codeEnd ? codeEnd : at) - start)});
-        m_lines.push_back(ascii ? line : lowerAside(line));
-        at += 2;
+    m_lines.reserve(lineEnds(m_text));
+    const bool isAscii = isAsciiText(m_text);
+    std::size_t start = 0;
+    for (std::size_t at = m_text.find('\n'); at != std::string::npos; at = m_text.find('\n', at + 1)) {
+        if (at == start || m_text[at - 1] != '\r')
+            continue;
+        addLine(start, at - 1, isAscii);
+        start = at + 1;
     }
 }
 
-std::string_view LineArray::lowerAside(std::string_view line)
+void LineArray::addLine(std::size_t start, std::size_t end, bool isAscii)
 {
-    m_nonAscii.push_back({lowerCase(line), line});
-    return m_nonAscii.back().lower;
+    const std::string_view whole(m_text.data() + start, end - start);
+    const std::string_view code = trimSpaces(whole.substr(0, whole.find(';')));
+    const Part line = {static_cast<std::uint32_t>(code.data() - m_text.data()),
+                       static_cast<std::uint32_t>(code.size())};
+    m_lines.push_back(isAscii || isAsciiText(code) ? line : lowerAside(line));
 }
 
-std::string_view LineArray::written(std::string_view line) const
+LineArray::Part LineArray::lowerAside(Part line)
 {
-    const std::less_equal<> isUpTo;
-    const char* const text = m_text.data();
-    if (isUpTo(text, line.data()) && isUpTo(line.data(), text + m_text.size()))
+    const std::string lower = lowerCase(view(line));
+    const Part aside = {static_cast<std::uint32_t>(m_text.size() + m_aside.size()),
+                        static_cast<std::uint32_t>(lower.size())};
+    m_aside += lower;
+    m_nonAscii.push_back({aside.start, line});
+    return aside;
+}
+
+LineArray::Part LineArray::written(Part line) const
+{
+    if (line.start < m_text.size())
         return line;
-    const auto found = std::ranges::find_if(
-        m_nonAscii, [&](const NonAsciiLine& each) { return each.lower.data() == line.data(); });
-    return found->written;
+    return std::ranges::lower_bound(m_nonAscii, line.start, {}, &NonAsciiLine::lowerStart)->written;
 }
 
 std::size_t LineArray::columnOf(int number, std::size_t position) const
 {
-    const std::string_view line = (*this)[number];
-    const std::string_view original = written(line);
+    const Part original = written(m_lines[static_cast<std::size_t>(number) - 1]);
+    const std::string_view text = view(original);
     std::size_t bytes = 0; // of as many characters as stand in front of the position
-    for (std::size_t count = characterCount(line.substr(0, position)); count > 0; --count)
-        bytes += firstCharacterLength(original.substr(bytes));
-    const auto from = static_cast<std::size_t>(original.data() - m_text.data());
+    for (std::size_t count = characterCount((*this)[number].substr(0, position)); count > 0; --count)
+        bytes += firstCharacterLength(text.substr(bytes));
+    const std::size_t from = original.start;
     const std::size_t lineEnd = from < 2 ? std::string::npos : m_text.rfind("\r\n", from - 2);
     return from + bytes - (lineEnd == std::string::npos ? 0 : lineEnd + 2) + 1;
 }
@@ -77,13 +95,16 @@ std::size_t LineArray::columnOf(int number, std::size_t position) const
 void LineArray::matchBlocks()
 {
     m_closingLines.assign(m_lines.size(), -1);
-    std::vector<int> open;
-    for (int number = 1; number <= upperBound(); ++number) {
-        if (closesBlock(number) && !open.empty()) {
-            m_closingLines[static_cast<std::size_t>(open.back()) - 1] = number;
+    std::vector<std::size_t> open;
+    for (std::size_t index = 0; index < m_lines.size(); ++index) {
+        const std::string_view line = view(m_lines[index]);
+        if (line.empty())
+            continue;
+        if (line.front() == '}' && !open.empty()) {
+            m_closingLines[open.back()] = static_cast<std::int32_t>(index) + 1;
             open.pop_back();
         }
-        if (opensBlock(number))
-            open.push_back(number);
+        if (line.back() == '{')
+            open.push_back(index);
     }
 }

@@ -4,28 +4,34 @@
 #pragma once
 
 #include <cstdint>
-#include <deque>
 #include <string>
 #include <string_view>
 #include <vector>
 
 /// The lines of a program text, numbered from 1 and normalised: comments (from ";" on) cut off, spaces
 /// trimmed, lower case. Tabs stay. Only CR LF ends a line. Two line ends are appended to the text first, so
-/// that its last line is complete and the array ends with at least one empty line.
+/// that its last line is complete and the array ends with at least one empty line. The text must be smaller
+/// than 2 GiB.
 class LineArray
 {
 public:
     LineArray() = default;
-    explicit LineArray(std::string_view text);
-    LineArray(const LineArray&) = delete; // the lines point into the text
-    LineArray& operator=(const LineArray&) = delete;
+    explicit LineArray(std::string text);
+    explicit LineArray(std::string_view text)
+        : LineArray(std::string(text))
+    {
+    }
+    explicit LineArray(const char* text)
+        : LineArray(std::string(text))
+    {
+    }
 
     /// Number of the last line; 0 for an array that was never filled.
     int upperBound() const { return static_cast<int>(m_lines.size()); }
     /// Line `number`, an empty text outside 1 to upperBound().
     std::string_view operator[](int number) const
     {
-        return number >= 1 && number <= upperBound() ? m_lines[static_cast<std::size_t>(number) - 1]
+        return number >= 1 && number <= upperBound() ? view(m_lines[static_cast<std::size_t>(number) - 1])
                                                      : std::string_view();
     }
     bool opensBlock(int number) const { return (*this)[number].ends_with('{'); }
@@ -37,19 +43,32 @@ public:
     std::size_t columnOf(int number, std::size_t position) const;
 
 private:
-    void cutIntoLines();
-    std::string_view lowerAside(std::string_view line);
-    void matchBlocks();
-
+    /// A part of the text, or, from its end on, of the lines that are kept aside.
+    struct Part {
+        std::uint32_t start = 0;
+        std::uint32_t size = 0;
+    };
     /// A line whose lower-case form need not take as many bytes as what was written.
     struct NonAsciiLine {
-        std::string lower;
-        std::string_view written; ///< within the text, as long as `lower` in characters
+        std::uint32_t lowerStart; ///< as in Part
+        Part written;             ///< within the text, as long as the lower-case form in characters
     };
-    std::string_view written(std::string_view line) const;
+
+    void cutIntoLines();
+    void addLine(std::size_t start, std::size_t end, bool isAscii);
+    Part lowerAside(Part line);
+    Part written(Part line) const;
+    std::string_view view(Part part) const
+    {
+        return part.start < m_text.size()
+                   ? std::string_view(m_text.data() + part.start, part.size)
+                   : std::string_view(m_aside.data() + (part.start - m_text.size()), part.size);
+    }
+    void matchBlocks();
 
     std::string m_text; ///< only its ASCII letters are lower-cased
-    std::deque<NonAsciiLine> m_nonAscii;
-    std::vector<std::string_view> m_lines;
+    std::string m_aside;
+    std::vector<NonAsciiLine> m_nonAscii; ///< in the order of their lines
+    std::vector<Part> m_lines;
     std::vector<std::int32_t> m_closingLines;
 };

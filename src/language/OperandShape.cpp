@@ -25,41 +25,46 @@ void cutRandom(OperandShape& shape, std::string_view bounds)
 OperandShape::OperandShape(std::string_view word)
     : first(word)
 {
-    if (word.empty())
-        return;
-    const bool mayBeNamed = word.front() >= 'a' && word.front() <= 'z'; // as all words of the language
-    if (mayBeNamed && cutNamed(word))
+    if (word.empty() || cutNamed(word))
         return;
     const bool isText = word.front() == '"';
     kind = isText || ZBLValueExp::startsNumber(word) ? OperandKind::Literal : OperandKind::ClassName;
     isComplete = !isText || (word.size() >= 2 && word.back() == '"');
 }
 
-/// A variable, a property or a range. False where the word is none of them.
+/// A variable, a property or a range: what stands behind their letters tells them apart. False where the word
+/// is none of them.
 bool OperandShape::cutNamed(std::string_view word)
 {
-    /// What stands up to a character, with it; nothing of a word without it.
-    const auto upTo = [&](char c) { return word.substr(0, word.find(c) + 1); };
-    const auto cut = [&](OperandKind which, std::size_t length, std::size_t separator) {
+    const auto isLetter = [](char c) { return c >= 'a' && c <= 'z'; };
+    std::size_t letters = 0;
+    while (letters < word.size() && isLetter(word[letters]))
+        ++letters;
+    if (letters == 0 || letters == word.size())
+        return false;
+    const std::string_view withSign = word.substr(0, letters + 1);
+    const std::string_view behind = word.substr(letters + 1);
+    const auto cut = [&](OperandKind which, std::string_view name) {
         kind = which;
-        first = word.substr(0, length);
-        second = word.substr(length + separator);
+        first = name;
+        second = behind;
+        return true;
     };
-    if (findWord<VariablePrefix>(upTo('$'))) {
-        cut(OperandKind::Variable, upTo('$').size(), 0);
-        isComplete = !second.empty();
-        return true;
-    }
-    const std::size_t dot = word.find('.');
-    if (dot != std::string_view::npos && findWord<ObjectWord>(word.substr(0, dot))) {
-        cut(OperandKind::Property, dot, 1);
+    switch (word[letters]) {
+    case '$':
+        isComplete = !behind.empty();
+        return findWord<VariablePrefix>(withSign) && cut(OperandKind::Variable, withSign);
+    case '.':
         isComplete = true;
-        return true;
-    }
-    if (findWord<RandomWord>(upTo('('))) {
+        return findWord<ObjectWord>(word.substr(0, letters)) &&
+               cut(OperandKind::Property, word.substr(0, letters));
+    case '(':
+        if (!findWord<RandomWord>(withSign))
+            return false;
         kind = OperandKind::Random;
-        cutRandom(*this, word.substr(upTo('(').size()));
+        cutRandom(*this, behind);
         return true;
+    default:
+        return false;
     }
-    return false;
 }

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "language/Arena.h"
 #include "language/MendedBlocks.h"
 #include "language/ParseFault.h"
 #include "language/VariableTable.h"
@@ -14,6 +15,7 @@ struct ParseInput {
     ParseReporter& reporter;
     TextPool& pool;
     VariableTable& variables;
+    Arena& arena;
     /// Reading goes on with the next statement or block where one cannot be read.
     bool goesOn = false;
     /// The blocks as they were meant, where reading goes on even after braces that do not match.

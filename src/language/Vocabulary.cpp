@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 
 namespace
 {
@@ -146,25 +147,62 @@ template<typename Kind> consteval std::size_t rowCount()
     return count;
 }
 
-/// The rows of one kind, sorted by their words, which differ.
-template<typename Kind> consteval auto sortedRows()
+/// What most words of one kind differ in: their length, their first, their middle and their last letter.
+constexpr std::uint32_t shapeOf(std::string_view word)
 {
-    std::array<Row<Kind>, rowCount<Kind>()> rows{};
-    std::size_t next = 0;
-    for (const KnownWord& word : table)
-        if (const Kind* meaning = std::get_if<Kind>(&word.meaning))
-            rows[next++] = {word.text, *meaning};
-    std::ranges::sort(rows, {}, &Row<Kind>::word);
-    return rows;
+    const auto letter = [&](std::size_t at) {
+        return static_cast<std::uint32_t>(static_cast<unsigned char>(word[at]));
+    };
+    return static_cast<std::uint32_t>(word.size()) | letter(0) << 8U | letter(word.size() / 2) << 16U |
+           letter(word.size() - 1) << 24U;
 }
-template<typename Kind> constexpr auto rowsOf = sortedRows<Kind>();
 
-template<typename Kind>
-constexpr bool wordsDiffer = std::ranges::adjacent_find(rowsOf<Kind>, {},
-                                                        &Row<Kind>::word) == rowsOf<Kind>.end();
-static_assert(wordsDiffer<StatementWord> && wordsDiffer<Block> && wordsDiffer<EventName> &&
-              wordsDiffer<StatePart> && wordsDiffer<ObjectWord> && wordsDiffer<PropertyWord> &&
-              wordsDiffer<KeyWord> && wordsDiffer<TestOperator> && wordsDiffer<VariablePrefix>);
+/// The rows of one kind with a perfect hash of their words: a factor, found while this is compiled, that
+/// brings the shape of each to a slot of its own. So a word is looked for in one place.
+template<typename Kind> struct WordIndex {
+    static constexpr std::size_t bits = std::bit_width(rowCount<Kind>() * 2);
+    static constexpr std::uint8_t none = 255;
+    std::array<Row<Kind>, rowCount<Kind>()> rows{};
+    std::array<std::uint8_t, std::size_t{1} << bits> rowAt{};
+    std::uint32_t factor = 1;
+
+    consteval WordIndex()
+    {
+        std::size_t next = 0;
+        for (const KnownWord& word : table)
+            if (const Kind* meaning = std::get_if<Kind>(&word.meaning))
+                rows[next++] = {word.text, *meaning};
+        while (!takesPlaces())
+            factor = factor * 1664525U + 1013904223U;
+    }
+
+    constexpr const Kind* find(std::string_view word) const
+    {
+        if (word.empty())
+            return nullptr;
+        const std::uint8_t row = rowAt[slotOf(word)];
+        return row != none && rows[row].word == word ? &rows[row].meaning : nullptr;
+    }
+
+private:
+    constexpr std::size_t slotOf(std::string_view word) const
+    {
+        return (shapeOf(word) * factor) >> (32U - bits);
+    }
+
+    constexpr bool takesPlaces()
+    {
+        rowAt.fill(none);
+        for (std::size_t row = 0; row < rows.size(); ++row) {
+            std::uint8_t& place = rowAt[slotOf(rows[row].word)];
+            if (place != none)
+                return false;
+            place = static_cast<std::uint8_t>(row);
+        }
+        return true;
+    }
+};
+template<typename Kind> constexpr WordIndex<Kind> indexOf;
 
 /// The words of one kind by the number of what they mean. Not compiled where two words mean the same or a
 /// meaning has no word.
@@ -248,15 +286,7 @@ std::span<const KnownWord> vocabulary()
 
 template<typename Kind> const Kind* findWord(std::string_view word)
 {
-    const auto& rows = rowsOf<Kind>;
-    constexpr std::size_t few = 8; // so many are told apart by their lengths, mostly
-    if constexpr (std::tuple_size_v<std::remove_cvref_t<decltype(rows)>> <= few) {
-        const auto row = std::ranges::find(rows, word, &Row<Kind>::word);
-        return row != rows.end() ? &row->meaning : nullptr;
-    } else {
-        const auto row = std::ranges::lower_bound(rows, word, {}, &Row<Kind>::word);
-        return row != rows.end() && row->word == word ? &row->meaning : nullptr;
-    }
+    return indexOf<Kind>.find(word);
 }
 template const StatementWord* findWord(std::string_view);
 template const Block* findWord(std::string_view);
@@ -270,10 +300,8 @@ template const RandomWord* findWord(std::string_view);
 
 Property findProperty(PropertyOwner owner, std::string_view name)
 {
-    const auto row = std::ranges::lower_bound(rowsOf<PropertyWord>, name, {}, &Row<PropertyWord>::word);
-    return row != rowsOf<PropertyWord>.end() && row->word == name && row->meaning.owner == owner
-               ? row->meaning.property
-               : Property::Unknown;
+    const auto* found = indexOf<PropertyWord>.find(name);
+    return found && found->owner == owner ? found->property : Property::Unknown;
 }
 
 std::string_view wordFor(Action action)

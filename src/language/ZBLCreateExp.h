@@ -17,8 +17,8 @@ public:
         : ZBLStatement(Type::Create)
     {
     }
-    bool Parse(const ParseInput& input, int line, Words words) override;
-    std::string toString() const override;
+    bool Parse(const ParseInput& input, int line, Words words);
+    std::string toString() const;
 
     const ZBLSimpleExp& operand(Operand which) const { return m_operands[which]; }
 

@@ -13,6 +13,5 @@ public:
         : ZBLStatement(Type::Pause)
     {
     }
-    bool Parse(const ParseInput& input, int line, Words words) override;
-    std::string toString() const override { return "pause"; }
+    bool Parse(const ParseInput& input, int line, Words words);
 };

@@ -13,22 +13,36 @@
 namespace
 {
 
-/// A new, empty statement of the class that reads lines beginning with the word.
-std::unique_ptr<ZBLStatement> makeStatement(const StatementWord& word)
+class Mark final : public SequenceItem
+{
+public:
+    using SequenceItem::SequenceItem;
+};
+
+/// A new statement of that class, read from its line; null where that has failed.
+template<typename Statement, typename... Arguments>
+ZBLStatement* read(const ParseInput& input, int line, Words words, Arguments... arguments)
+{
+    auto* statement = input.arena.make<Statement>(arguments...);
+    return statement->Parse(input, line, words) ? statement : nullptr;
+}
+
+/// Reads a line that begins with the word; null where that has failed.
+ZBLStatement* readStatement(const ParseInput& input, const StatementWord& word, int line, Words words)
 {
     switch (word.type) {
     case StatementType::If:
-        return std::make_unique<ZBLIfExp>();
+        return read<ZBLIfExp>(input, line, words);
     case StatementType::Mutate:
-        return std::make_unique<ZBLMutateExp>(std::get<Verb>(word.what));
+        return read<ZBLMutateExp>(input, line, words, *std::get_if<Verb>(&word.what));
     case StatementType::SetState:
-        return std::make_unique<ZBLSetStateExp>();
+        return read<ZBLSetStateExp>(input, line, words);
     case StatementType::Pause:
-        return std::make_unique<ZBLDebugExp>();
+        return read<ZBLDebugExp>(input, line, words);
     case StatementType::Action:
-        return std::make_unique<ZBLMethodExp>(std::get<ActionForm>(word.what));
+        return read<ZBLMethodExp>(input, line, words, *std::get_if<ActionForm>(&word.what));
     case StatementType::Create:
-        return std::make_unique<ZBLCreateExp>();
+        return read<ZBLCreateExp>(input, line, words);
     }
     return nullptr;
 }
@@ -66,14 +80,14 @@ bool ZBLExp::parseStatement(const ParseInput& input, int line, std::vector<OpenB
                               "\", which is a word I do not understand here.  Maybe you mistyped something, "
                               "or it is in the wrong place.",
                           line, word);
-    ZBLStatement* read = m_statements.emplace_back(makeStatement(*known)).get();
-    if (!read->Parse(input, line, Words(text, word.size())))
+    ZBLStatement* statement = readStatement(input, *known, line, Words(text, word.size()));
+    if (!statement)
         return false;
-    m_items.push_back({Item::Role::Statement, read});
+    add(*statement);
     if (open.empty())
         ++m_statementCount;
-    if (read->type() == ZBLStatement::Type::If) {
-        auto* owner = static_cast<ZBLIfExp*>(read);
+    if (statement->type() == ZBLStatement::Type::If) {
+        auto* owner = static_cast<ZBLIfExp*>(statement);
         open.push_back({owner, owner->thenEnd(), false});
     }
     return true;
@@ -93,31 +107,61 @@ bool ZBLExp::closeBlock(const ParseInput& input, int line, std::vector<OpenBlock
     if (!isElse && !owner->ParseElse(input) && !input.goesOn)
         return false;
     if (!isElse && owner->hasElse()) {
-        m_items.push_back({Item::Role::Else, owner});
+        add(*input.arena.make<Mark>(SequenceItem::Role::Else));
         open.push_back({owner, owner->elseEnd(), true});
     } else {
-        m_items.push_back({Item::Role::EndIf, owner});
+        add(*input.arena.make<Mark>(SequenceItem::Role::EndIf));
     }
     return true;
+}
+
+void ZBLExp::add(SequenceItem& item)
+{
+    if (m_last)
+        m_last->append(item);
+    else
+        m_first = &item;
+    m_last = &item;
 }
 
 void ZBLExp::Display(std::string& listing, int indent) const
 {
     int level = indent;
-    for (const Item& item : m_items) {
-        switch (item.role) {
-        case Item::Role::Statement:
-            displayLine(listing, level, item.statement->toString());
-            level += item.statement->type() == ZBLStatement::Type::If ? 1 : 0;
+    for (const SequenceItem* item = m_first; item; item = item->next()) {
+        switch (item->role()) {
+        case SequenceItem::Role::Statement: {
+            const auto& statement = static_cast<const ZBLStatement&>(*item);
+            displayLine(listing, level, statement.toString());
+            level += statement.type() == ZBLStatement::Type::If ? 1 : 0;
             break;
-        case Item::Role::Else:
+        }
+        case SequenceItem::Role::Else:
             displayLine(listing, level - 1, "}else{");
             break;
-        case Item::Role::EndIf:
+        case SequenceItem::Role::EndIf:
             displayLine(listing, --level, "}if");
             break;
         }
     }
+}
+
+std::string ZBLStatement::toString() const
+{
+    switch (m_type) {
+    case Type::If:
+        return static_cast<const ZBLIfExp*>(this)->toString();
+    case Type::Mutate:
+        return static_cast<const ZBLMutateExp*>(this)->toString();
+    case Type::SetState:
+        return static_cast<const ZBLSetStateExp*>(this)->toString();
+    case Type::Pause:
+        return "pause";
+    case Type::Action:
+        return static_cast<const ZBLMethodExp*>(this)->toString();
+    case Type::Create:
+        return static_cast<const ZBLCreateExp*>(this)->toString();
+    }
+    return {};
 }
 
 void displayLine(std::string& listing, int indent, std::string_view text)

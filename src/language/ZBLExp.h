@@ -5,7 +5,6 @@
 
 #include "language/ZBLStatement.h"
 
-#include <memory>
 #include <vector>
 
 class ZBLIfExp;
@@ -16,14 +15,6 @@ class ZBLIfExp;
 class ZBLExp
 {
 public:
-    /// One step through the sequence.
-    struct Item {
-        enum class Role : std::uint8_t { Statement, Else, EndIf };
-        Role role;
-        /// Statement: the statement. Else, EndIf: the if that it belongs to.
-        const ZBLStatement* statement;
-    };
-
     /// Reads the lines from `from` to `to`, both included, behind the statements that are there already.
     /// False where reading ends here because of a fault, which has then been reported.
     bool Parse(const ParseInput& input, int from, int to);
@@ -31,7 +22,8 @@ public:
     /// Statements of the block itself, an if with all in it counting as one.
     int statementCount() const { return m_statementCount; }
     int firstLine() const { return m_firstLine; }
-    const std::vector<Item>& items() const { return m_items; }
+    /// The first item, null where there is none.
+    const SequenceItem* first() const { return m_first; }
 
     /// Adds a developer's listing to `listing`: a line for each statement, two blanks for each level.
     void Display(std::string& listing, int indent) const;
@@ -46,8 +38,10 @@ private:
     bool parseStatement(const ParseInput& input, int line, std::vector<OpenBlock>& open);
     bool closeBlock(const ParseInput& input, int line, std::vector<OpenBlock>& open);
 
-    std::vector<std::unique_ptr<ZBLStatement>> m_statements;
-    std::vector<Item> m_items;
+    void add(SequenceItem& item);
+
+    const SequenceItem* m_first = nullptr;
+    SequenceItem* m_last = nullptr;
     int m_statementCount = 0;
     int m_firstLine = 0;
 };

@@ -17,11 +17,11 @@ public:
     {
     }
     /// Reads the line of the if and finds the end of its then-block.
-    bool Parse(const ParseInput& input, int line, Words words) override;
+    bool Parse(const ParseInput& input, int line, Words words);
     /// Looks at the line that closes the then-block: finds the end of the else-block where one is opened
     /// there.
     bool ParseElse(const ParseInput& input);
-    std::string toString() const override;
+    std::string toString() const;
 
     const ZBLSimpleExp& left() const { return m_left; }
     Operator op() const { return m_operator; }

@@ -3,6 +3,7 @@
 
 #include "language/ZBLMethodExp.h"
 
+#include <array>
 #include <utility>
 
 namespace
@@ -20,7 +21,7 @@ bool ZBLMethodExp::Parse(const ParseInput& input, int line, Words words)
         return parseSprite(input, words.next(), missingObject);
     case Operands::SpriteAndValue:
         return parseSprite(input, words.next(), missingObject) &&
-               parseValue(input, words.next(), "You didn't specify an amount to % by.", m_value);
+               parseValue(input, words.next(), "You didn't specify an amount to % by.");
     case Operands::SpriteAndPlace:
         return parsePlace(input, words);
     case Operands::TwoObjects:
@@ -36,12 +37,13 @@ bool ZBLMethodExp::Parse(const ParseInput& input, int line, Words words)
 
 bool ZBLMethodExp::parsePlace(const ParseInput& input, Words& words)
 {
-    m_yz = std::make_unique<std::array<ZBLSimpleExp, 2>>();
+    auto& values = *input.arena.make<std::array<ZBLSimpleExp, 3>>();
+    m_values = values.data();
     return parseSprite(input, words.next(),
                        "You didn't specify what object to set the position of in this instruction.") &&
-           parseValue(input, words.next(), "You didn't specify an x value in this instruction.", m_value) &&
-           parseValue(input, words.next(), "You didn't specify a y value in this instruction.", (*m_yz)[0]) &&
-           parseValue(input, words.next(), "You didn't specify a z value in this instruction.", (*m_yz)[1]);
+           parseValue(input, words.next(), "You didn't specify an x value in this instruction.", values[0]) &&
+           parseValue(input, words.next(), "You didn't specify a y value in this instruction.", values[1]) &&
+           parseValue(input, words.next(), "You didn't specify a z value in this instruction.", values[2]);
 }
 
 bool ZBLMethodExp::parseGame(const ParseInput& input, Words& words)
@@ -53,7 +55,7 @@ bool ZBLMethodExp::parseGame(const ParseInput& input, Words& words)
                               " instruction.",
                           m_line, word);
     m_object = ZBLObjectExp(*object);
-    return parseValue(input, words.next(), "You didn't a value in this instruction.", m_value);
+    return parseValue(input, words.next(), "You didn't a value in this instruction.");
 }
 
 bool ZBLMethodExp::parseObject(const ParseInput& input, std::string_view word, std::string_view missing,
@@ -91,6 +93,13 @@ bool ZBLMethodExp::parseValue(const ParseInput& input, std::string_view word, st
                       m_line, word);
 }
 
+bool ZBLMethodExp::parseValue(const ParseInput& input, std::string_view word, std::string_view missing)
+{
+    auto* value = input.arena.make<ZBLSimpleExp>();
+    m_values = value;
+    return parseValue(input, word, missing, *value);
+}
+
 bool ZBLMethodExp::failMissing(const ParseInput& input, std::string_view place,
                                std::string_view missing) const
 {
@@ -112,7 +121,7 @@ std::string ZBLMethodExp::toString() const
     case Operands::Sprite:
         break;
     case Operands::SpriteAndPlace:
-        add(m_value.toString());
+        add(value().toString());
         add(valueY().toString());
         add(valueZ().toString());
         break;
@@ -121,7 +130,7 @@ std::string ZBLMethodExp::toString() const
         break;
     case Operands::SpriteAndValue:
     case Operands::GameAndValue:
-        add(m_value.toString());
+        add(value().toString());
         break;
     }
     return text;

@@ -16,8 +16,8 @@ public:
         , m_verb(verb)
     {
     }
-    bool Parse(const ParseInput& input, int line, Words words) override;
-    std::string toString() const override;
+    bool Parse(const ParseInput& input, int line, Words words);
+    std::string toString() const;
 
     Verb verb() const { return m_verb; }
     const ZBLVarExp& target() const { return m_target; }

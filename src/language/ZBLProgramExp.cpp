@@ -175,12 +175,12 @@ void ZBLStateExp::Display(std::string& listing, int indent) const
 
 bool ZBLProgramExp::Parse(const LineArray& lines, ParseReporter& reporter, int line)
 {
-    return parseProgram({lines, reporter, m_pool, m_variables}, line);
+    return parseProgram({lines, reporter, m_pool, m_variables, m_arena}, line);
 }
 
 void ZBLProgramExp::parseAll(const LineArray& lines, ParseReporter& reporter, const MendedBlocks* mended)
 {
-    parseProgram({lines, reporter, m_pool, m_variables, true, mended}, 1);
+    parseProgram({lines, reporter, m_pool, m_variables, m_arena, true, mended}, 1);
 }
 
 bool ZBLProgramExp::parseProgram(const ParseInput& input, int line)

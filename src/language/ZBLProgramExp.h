@@ -89,6 +89,7 @@ private:
 
     mutable TextPool m_pool; // a run may name new texts, which changes no text that is there
     VariableTable m_variables;
+    Arena m_arena;
     std::deque<ZBLClassExp> m_classes;
     std::deque<ZBLStateExp> m_states;
     Index m_classOf;

@@ -13,8 +13,8 @@ public:
         : ZBLStatement(Type::SetState)
     {
     }
-    bool Parse(const ParseInput& input, int line, Words words) override;
-    std::string toString() const override { return "setstate " + *m_stateName; }
+    bool Parse(const ParseInput& input, int line, Words words);
+    std::string toString() const { return "setstate " + *m_stateName; }
 
     Text stateName() const { return m_stateName; }
 

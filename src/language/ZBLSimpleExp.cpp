@@ -6,8 +6,6 @@
 #include "language/ParseInput.h"
 #include "platform/Utf8.h"
 
-#include <utility>
-
 bool ZBLSimpleExp::Parse(std::string_view word, const ParseInput& input)
 {
     const OperandShape shape(word);
@@ -16,8 +14,12 @@ bool ZBLSimpleExp::Parse(std::string_view word, const ParseInput& input)
     case Kind::None:
         break;
     case Kind::Variable:
-        if (shape.isComplete)
-            m_content = input.variables.variable(shape, input.pool);
+        if (shape.isComplete) {
+            const ZBLVarExp variable = input.variables.variable(shape, input.pool);
+            m_type = variable.type;
+            m_slot = variable.slot;
+            m_text = variable.name;
+        }
         return shape.isComplete;
     case Kind::Property:
         parseProperty(shape, input);
@@ -34,58 +36,62 @@ bool ZBLSimpleExp::Parse(std::string_view word, const ParseInput& input)
 bool ZBLSimpleExp::parseLiteral(std::string_view word, const ParseInput& input)
 {
     const auto literal = ZBLValueExp::Parse(word, input.pool);
-    if (literal)
-        m_content = *literal;
-    else
+    if (!literal) {
         input.reporter.beep(); // a text that is not closed
-    return literal.has_value();
+        return false;
+    }
+    m_type = literal->type;
+    if (literal->isCounter())
+        m_number = literal->realVal;
+    else
+        m_text = literal->stringVal;
+    return true;
 }
 
 void ZBLSimpleExp::parseProperty(const OperandShape& shape, const ParseInput& input)
 {
-    PropertyOfObject read;
-    read.object = *ZBLObjectExp::Parse(shape.first);
-    read.property = findProperty(read.object.properties(), shape.second);
-    read.name = input.pool.intern(shape.second);
-    if (read.object.properties() == PropertyOwner::Keyboard && read.property == Property::Unknown)
-        read.readKey(shape.second);
-    m_content = read;
+    m_object = *findWord<ObjectWord>(shape.first);
+    m_property = findProperty(m_object.properties, shape.second);
+    m_keys = {-1, -1};
+    m_text = input.pool.intern(shape.second);
+    if (m_object.properties == PropertyOwner::Keyboard && m_property == Property::Unknown)
+        readKey(shape.second);
 }
 
 /// The keyboard's properties are keys: some have names, all others are named by their character.
-void ZBLSimpleExp::PropertyOfObject::readKey(std::string_view key)
+void ZBLSimpleExp::readKey(std::string_view key)
 {
     const auto* const known = findWord<KeyWord>(key);
     if (!known && (key.empty() || firstCharacterLength(key) != key.size()))
         return;
-    property = Property::Key;
+    m_property = Property::Key;
     const auto c = static_cast<unsigned char>(key.front());
     if (known)
-        keys[0] = known->code;
+        m_keys[0] = known->code;
     else if (key.size() == 1 && c < 128)
-        keys[0] = c;
+        m_keys[0] = c;
     if (!known && key.size() == 1 && c >= 'a' && c <= 'z')
-        keys[1] = static_cast<std::int16_t>(c - 'a' + 'A'); // the code that the letter's key sends
+        m_keys[1] = static_cast<std::int16_t>(c - 'a' + 'A'); // the code that the letter's key sends
 }
 
 bool ZBLSimpleExp::parseRandom(const OperandShape& shape, const ParseInput& input)
 {
-    auto range = std::make_shared<Range>();
+    auto* range = input.arena.make<Range>();
     if (!shape.hasComma || !range->low.Parse(shape.first, input) || !shape.isComplete ||
         !range->high.Parse(shape.second, input))
         return false;
-    m_content = std::move(range);
+    m_range = range;
     return true;
 }
 
 const ZBLSimpleExp& ZBLSimpleExp::low() const
 {
-    return (*std::get_if<std::shared_ptr<const Range>>(&m_content))->low;
+    return m_range->low;
 }
 
 const ZBLSimpleExp& ZBLSimpleExp::high() const
 {
-    return (*std::get_if<std::shared_ptr<const Range>>(&m_content))->high;
+    return m_range->high;
 }
 
 std::string ZBLSimpleExp::toString() const

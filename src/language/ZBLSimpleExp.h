@@ -9,10 +9,8 @@
 
 #include <array>
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <string_view>
-#include <variant>
 
 struct ParseInput;
 
@@ -30,36 +28,45 @@ public:
 
     Kind kind() const { return m_kind; }
     // Each of these asks for an operand of its kind.
-    const ZBLVarExp& variable() const { return *std::get_if<ZBLVarExp>(&m_content); }
-    const ZBLValueExp& value() const { return *std::get_if<ZBLValueExp>(&m_content); }
-    const ZBLObjectExp& object() const { return ofObject().object; }
-    Property property() const { return ofObject().property; }
-    Text propertyName() const { return ofObject().name; }
+    ZBLVarExp variable() const { return {m_type, m_slot, m_text}; }
+    ZBLValueExp value() const
+    {
+        return m_type == ValueKind::Counter ? ZBLValueExp::counter(m_number) : ZBLValueExp{m_type, 0, m_text};
+    }
+    ZBLObjectExp object() const { return ZBLObjectExp(m_object); }
+    Property property() const { return m_property; }
+    Text propertyName() const { return m_text; }
     /// Property Key: the key's code, and a second one that counts as well; -1 for none.
-    std::array<int, 2> keyCodes() const { return {ofObject().keys[0], ofObject().keys[1]}; }
+    std::array<int, 2> keyCodes() const { return {m_keys[0], m_keys[1]}; }
     const ZBLSimpleExp& low() const;
     const ZBLSimpleExp& high() const;
 
 private:
-    struct PropertyOfObject {
-        ZBLObjectExp object;
-        Property property = Property::Unknown;
-        std::array<std::int16_t, 2> keys = {-1, -1};
-        Text name = nullptr;
-
-        void readKey(std::string_view key);
-    };
     struct Range;
 
     bool parseLiteral(std::string_view word, const ParseInput& input);
     bool parseRandom(const OperandShape& shape, const ParseInput& input);
     void parseProperty(const OperandShape& shape, const ParseInput& input);
-    const PropertyOfObject& ofObject() const { return *std::get_if<PropertyOfObject>(&m_content); }
+    void readKey(std::string_view key);
 
+    // Programs consist of these, so each member stands for what the operand's kind needs there.
     Kind m_kind = Kind::None;
-    std::variant<std::monostate, ZBLVarExp, ZBLValueExp, PropertyOfObject, std::shared_ptr<const Range>>
-        m_content;
+    union {
+        ValueKind m_type = ValueKind::None; ///< of a variable or literal
+        Property m_property;
+    };
+    ObjectWord m_object; ///< of a property
+    union {
+        std::int32_t m_slot = -1;           ///< of a variable
+        std::array<std::int16_t, 2> m_keys; ///< of a property
+    };
+    union {
+        Text m_text = nullptr; ///< the name of a variable or property, the text or class name of a literal
+        double m_number;       ///< of a literal
+        const Range* m_range;
+    };
 };
+static_assert(sizeof(ZBLSimpleExp) == 16);
 
 struct ZBLSimpleExp::Range {
     ZBLSimpleExp low;

@@ -11,7 +11,7 @@
 #include <string_view>
 
 /// The kinds of values. The numbers are part of the language's model.
-enum class ValueKind : std::int32_t { None = 0, Text = 1, Counter = 2, ClassName = 3 };
+enum class ValueKind : std::uint8_t { None = 0, Text = 1, Counter = 2, ClassName = 3 };
 
 /// A value of the language: a text, a counter (a 64-bit float) or the name of a class. Small, and copied
 /// freely.

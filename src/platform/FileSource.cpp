@@ -6,6 +6,7 @@
 #include "platform/TextFile.h"
 
 #include <algorithm>
+#include <utility>
 
 std::optional<std::string> FileSource::readBytes(std::string_view productPath, std::uintmax_t limit) const
 {
@@ -14,8 +15,8 @@ std::optional<std::string> FileSource::readBytes(std::string_view productPath, s
 
 std::optional<std::string> FileSource::readText(std::string_view productPath, std::uintmax_t limit) const
 {
-    const auto bytes = load(productPath, limit);
-    return bytes ? std::optional(decodeText(*bytes)) : std::nullopt;
+    auto bytes = load(productPath, limit);
+    return bytes ? std::optional(decodeText(std::move(*bytes))) : std::nullopt;
 }
 
 std::optional<std::vector<std::string_view>> partsOfProductPath(std::string_view productPath)

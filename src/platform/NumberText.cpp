@@ -3,6 +3,7 @@
 
 #include "platform/NumberText.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <limits>
@@ -126,6 +127,35 @@ double toDouble(const Decimal& number)
     return number.negative ? -value : value;
 }
 
+/// A number as programs are full of: a sign or none, up to nine digits, up to six more behind a point. Its
+/// digits and the power of ten are whole numbers that a double holds exactly, so one division rounds as it
+/// should (W. D. Clinger, PLDI 1990). Nothing for what is longer, or is no such number.
+std::optional<double> shortNumber(std::string_view text)
+{
+    const bool negative = text.starts_with('-');
+    if (negative || text.starts_with('+'))
+        text.remove_prefix(1);
+    std::int64_t digits = 0;
+    const auto readDigits = [&](std::size_t most) {
+        std::size_t count = 0;
+        for (; count < std::min(text.size(), most) && isDigit(text[count]); ++count)
+            digits = digits * 10 + (text[count] - '0');
+        text.remove_prefix(count);
+        return count;
+    };
+    constexpr std::array<double, 7> powers = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6};
+    const std::size_t whole = readDigits(9);
+    std::size_t places = 0;
+    if (text.starts_with('.')) {
+        text.remove_prefix(1);
+        places = readDigits(powers.size() - 1);
+    }
+    if (!text.empty() || whole + places == 0)
+        return std::nullopt;
+    const double value = static_cast<double>(digits) / powers[places];
+    return negative ? -value : value;
+}
+
 } // namespace
 
 double leadingNumber(std::string_view text)
@@ -140,13 +170,8 @@ std::size_t leadingNumberLength(std::string_view text)
 
 double leadingNumberToNinePlaces(std::string_view text)
 {
-    // Short whole numbers are what programs are full of; they need no rounding.
-    if (!text.empty() && text.size() <= 9 && text.find_first_not_of("0123456789") == std::string_view::npos) {
-        std::int64_t value = 0;
-        for (const char c : text)
-            value = value * 10 + (c - '0');
-        return static_cast<double>(value);
-    }
+    if (const auto number = shortNumber(text))
+        return *number;
     Decimal number = leadingDecimal(text);
     roundPlaces(number, 9);
     return toDouble(number);

@@ -5,8 +5,11 @@
 
 #include "platform/CaseTable.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
+#include <cstdint>
+#include <cstring>
 
 namespace
 {
@@ -36,6 +39,28 @@ std::size_t sequenceLength(std::string_view bytes, std::size_t at)
         return 4;
     }
     return 0;
+}
+
+/// Whether the eight bytes from there on are all ASCII, as most of most texts are.
+bool isAsciiWord(std::string_view bytes, std::size_t at)
+{
+    std::uint64_t word = 0;
+    if (bytes.size() - at < sizeof word)
+        return false;
+    std::memcpy(&word, bytes.data() + at, sizeof word);
+    return (word & 0x8080808080808080U) == 0;
+}
+
+bool hasProductLineEnds(std::string_view text)
+{
+    std::size_t at = 0;
+    while (at < text.size()) {
+        const std::size_t end = text.find('\n', at);
+        if (end == std::string_view::npos || text.find('\r', at) + 1 != end)
+            return false;
+        at = end + 1;
+    }
+    return true;
 }
 
 char32_t decodeSequence(std::string_view bytes, std::size_t at, std::size_t length)
@@ -139,6 +164,10 @@ template<typename Convert> void convertCase(std::string& out, std::string_view u
 bool isValidUtf8(std::string_view bytes)
 {
     for (std::size_t at = 0; at < bytes.size();) {
+        if (isAsciiWord(bytes, at)) {
+            at += sizeof(std::uint64_t);
+            continue;
+        }
         const std::size_t length = sequenceLength(bytes, at);
         if (length == 0)
             return false;
@@ -147,18 +176,20 @@ bool isValidUtf8(std::string_view bytes)
     return true;
 }
 
-std::string decodeText(std::string_view bytes)
+std::string decodeText(std::string bytes)
 {
     if (isValidUtf8(bytes)) {
         constexpr std::string_view byteOrderMark = "\xef\xbb\xbf";
         if (bytes.starts_with(byteOrderMark))
-            bytes.remove_prefix(byteOrderMark.size());
-        return std::string(bytes);
+            bytes.erase(0, byteOrderMark.size());
+        return bytes;
     }
+    const std::string_view behindMark =
+        std::string_view(bytes).substr(std::min<std::size_t>(bytes.size(), 2));
     if (bytes.starts_with("\xff\xfe"))
-        return decodeUtf16(bytes.substr(2), std::endian::little);
+        return decodeUtf16(behindMark, std::endian::little);
     if (bytes.starts_with("\xfe\xff"))
-        return decodeUtf16(bytes.substr(2), std::endian::big);
+        return decodeUtf16(behindMark, std::endian::big);
     return decodeWindows1252(bytes);
 }
 
@@ -167,19 +198,19 @@ std::vector<std::string_view> splitLines(std::string_view text)
     std::vector<std::string_view> lines;
     std::size_t start = 0;
     while (start < text.size()) {
-        const std::size_t end = text.find_first_of("\r\n", start);
-        if (end == std::string_view::npos) {
-            lines.push_back(text.substr(start));
-            break;
-        }
+        std::size_t end = start;
+        while (end < text.size() && text[end] != '\r' && text[end] != '\n')
+            ++end;
         lines.push_back(text.substr(start, end - start));
         start = end + (text.substr(end, 2) == "\r\n" ? 2 : 1);
     }
     return lines;
 }
 
-std::string withProductLineEnds(std::string_view text)
+std::string withProductLineEnds(std::string text)
 {
+    if (hasProductLineEnds(text))
+        return text;
     std::string out;
     out.reserve(text.size() + text.size() / 16);
     for (const std::string_view line : splitLines(text))

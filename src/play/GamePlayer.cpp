@@ -55,9 +55,9 @@ GamePlayer::~GamePlayer() = default;
 
 bool GamePlayer::play()
 {
-    const auto text = m_interpreter->files().readText(m_interpreter->module().gamePath() + "code.txt");
+    auto text = m_interpreter->files().readText(m_interpreter->module().gamePath() + "code.txt");
     if (!text)
         return false;
-    m_window.follow(m_interpreter->RunGame(withProductLineEnds(*text), RunKind::Plain));
+    m_window.follow(m_interpreter->RunGame(withProductLineEnds(std::move(*text)), RunKind::Plain));
     return true;
 }

@@ -339,19 +339,16 @@ public:
 
     BlockCode compile(const ZBLExp& sequence)
     {
-        // Every item is one step, with an announcement where it is traced, and there is the end.
-        const std::size_t room = sequence.items().size() * (m_form == Form::Quick ? 1 : 2) + 1;
-        m_code.steps.reserve(room);
-        m_code.statements.reserve(room);
-        for (const ZBLExp::Item& item : sequence.items()) {
-            switch (item.role) {
-            case ZBLExp::Item::Role::Statement:
-                addStatement(*item.statement);
+        reserve(sequence);
+        for (const SequenceItem* item = sequence.first(); item; item = item->next()) {
+            switch (item->role()) {
+            case SequenceItem::Role::Statement:
+                addStatement(static_cast<const ZBLStatement&>(*item));
                 break;
-            case ZBLExp::Item::Role::Else:
+            case SequenceItem::Role::Else:
                 addElse();
                 break;
-            case ZBLExp::Item::Role::EndIf:
+            case SequenceItem::Role::EndIf:
                 addEndIf();
                 break;
             }
@@ -368,6 +365,17 @@ private:
         std::size_t test;
         std::size_t leaveThen = 0; ///< the jump from the end of the then-block, 0 where there is no else
     };
+
+    /// Every item is at most one step, with an announcement where it is traced, and there is the end.
+    void reserve(const ZBLExp& sequence)
+    {
+        std::size_t items = 0;
+        for (const SequenceItem* item = sequence.first(); item; item = item->next())
+            items += m_form == Form::Quick && item->role() == SequenceItem::Role::EndIf ? 0U : 1U;
+        const std::size_t room = items * (m_form == Form::Quick ? 1 : 2) + 1;
+        m_code.steps.reserve(room);
+        m_code.statements.reserve(room);
+    }
 
     void add(const Step& step, const ZBLStatement* statement)
     {
@@ -435,33 +443,25 @@ private:
 
 } // namespace
 
-SequenceCode::SequenceCode(const ZBLExp& source)
-    : m_source(&source)
-{
-    if (!source.isempty())
-        m_quick = Compiler(Form::Quick).compile(source);
-}
-
 const BlockCode& SequenceCode::code(Form form) const
 {
-    if (form == Form::Quick)
-        return m_quick;
-    BlockCode& code = form == Form::Traced ? m_traced : m_plain;
-    if (code.steps.empty())
-        code = Compiler(form).compile(*m_source);
-    return code;
+    auto& code = m_forms[static_cast<std::size_t>(form)];
+    if (!code)
+        code = std::make_unique<const BlockCode>(Compiler(form).compile(*m_source));
+    return *code;
 }
 
 int SequenceCode::depthAt(int line) const
 {
     int depth = 0;
-    for (const ZBLExp::Item& item : m_source->items()) {
-        const bool isStatement = item.role == ZBLExp::Item::Role::Statement;
-        if (isStatement && item.statement->line() == line)
+    for (const SequenceItem* item = m_source->first(); item; item = item->next()) {
+        const auto* statement =
+            item->role() == SequenceItem::Role::Statement ? static_cast<const ZBLStatement*>(item) : nullptr;
+        if (statement && statement->line() == line)
             break;
-        if (isStatement && item.statement->type() == ZBLStatement::Type::If)
+        if (statement && statement->type() == ZBLStatement::Type::If)
             ++depth;
-        else if (item.role == ZBLExp::Item::Role::EndIf)
+        else if (item->role() == SequenceItem::Role::EndIf)
             --depth;
     }
     return depth;

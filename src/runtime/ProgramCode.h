@@ -10,6 +10,7 @@
 #include <array>
 #include <cstdint>
 #include <deque>
+#include <memory>
 #include <vector>
 
 // What one step of the code does. Values are known to be counters or texts when a program has been read,
@@ -101,14 +102,17 @@ public:
         Plain,  ///< traced, and every statement is asked itself: what the others are judged by
     };
 
-    explicit SequenceCode(const ZBLExp& source);
+    explicit SequenceCode(const ZBLExp& source)
+        : m_source(&source)
+    {
+    }
 
     bool isEmpty() const { return m_source->isempty(); }
     /// The line that opens the block.
     int openingLine() const { return m_source->firstLine() - 1; }
-    int stepCount() const { return static_cast<int>(m_quick.steps.size()); }
-    /// All but the quick one are made when they are first asked for: most blocks of most runs never need
-    /// them.
+    /// Steps of its quick form.
+    int stepCount() const { return static_cast<int>(code(Form::Quick).steps.size()); }
+    /// A form is made when it is first asked for: most blocks of most runs never need all of them.
     const BlockCode& code(Form form) const;
     /// How many ifs stand around the statement on line `line`. Looks for it: only asked when a statement has
     /// failed.
@@ -116,9 +120,7 @@ public:
 
 private:
     const ZBLExp* m_source;
-    BlockCode m_quick;
-    mutable BlockCode m_traced;
-    mutable BlockCode m_plain;
+    mutable std::array<std::unique_ptr<const BlockCode>, 3> m_forms;
 };
 
 /// A program that has been read, with the code of its blocks.

@@ -28,20 +28,20 @@ ZBContext::ZBContext(const FileSource& files, PictureReader& pictures, GameScree
 {
 }
 
-Outcome ZBContext::Parse(std::string_view text, ParseReporter& reporter)
+Outcome ZBContext::Parse(std::string text, ParseReporter& reporter)
 {
     bool isRead = false;
-    if (!fitsIntoMemory([&] { isRead = read(text, reporter); }))
+    if (!fitsIntoMemory([&] { isRead = read(std::move(text), reporter); }))
         return Outcome::Told;
     return isRead ? Outcome::Done : Outcome::Stopped;
 }
 
-bool ZBContext::read(std::string_view text, ParseReporter& reporter)
+bool ZBContext::read(std::string text, ParseReporter& reporter)
 {
     m_run.frameNumber = 0;
     m_run.enterState("begin");
     m_trace.forgetLabels();
-    m_run.lines = std::make_shared<const LineArray>(text);
+    m_run.lines = std::make_shared<const LineArray>(std::move(text));
     auto program = std::make_shared<Program>();
     if (!program->tree.Parse(*m_run.lines, reporter))
         return false;

@@ -35,7 +35,7 @@ public:
     void Reset() { m_run.reset(); }
     /// Reads a program text (lines separated by CR LF). Stopped where it has a fault, which the reporter
     /// knows; Told where there is no room for it.
-    Outcome Parse(std::string_view text, ParseReporter& reporter);
+    Outcome Parse(std::string text, ParseReporter& reporter);
     /// Begins a run of the program that was read, with the files of the game in the folder `path`.
     void Start(const std::string& path, std::uint64_t seed);
     /// Begins a frame and runs it.
@@ -90,7 +90,7 @@ public:
 
 private:
     void key(bool down, int code);
-    bool read(std::string_view text, ParseReporter& reporter);
+    bool read(std::string text, ParseReporter& reporter);
     template<typename Work> bool fitsIntoMemory(const Work& work);
     template<typename Work> Progress runGuarded(const Work& work);
     bool beginState();

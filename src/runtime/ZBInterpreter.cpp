@@ -28,9 +28,9 @@ void ZBInterpreter::setControl(Control control)
     m_context.statements().setStepMode(control == Control::Stepping);
 }
 
-Progress ZBInterpreter::RunGame(std::string_view text, RunKind kind)
+Progress ZBInterpreter::RunGame(std::string text, RunKind kind)
 {
-    return prepareRun(kind) ? startRun(text) : Progress::FrameDone;
+    return prepareRun(kind) ? startRun(std::move(text)) : Progress::FrameDone;
 }
 
 bool ZBInterpreter::prepareRun(RunKind kind)
@@ -56,13 +56,13 @@ bool ZBInterpreter::prepareRun(RunKind kind)
     return true;
 }
 
-Progress ZBInterpreter::startRun(std::string_view text)
+Progress ZBInterpreter::startRun(std::string text)
 {
     if (m_control != Control::Starting)
         return Progress::FrameDone;
     m_ports.spy.enableVariables();
     writeBanner();
-    switch (m_context.Parse(text, *this)) {
+    switch (m_context.Parse(std::move(text), *this)) {
     case Outcome::Done:
         break;
     case Outcome::Stopped:

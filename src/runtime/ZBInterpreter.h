@@ -30,12 +30,12 @@ public:
     /// Starts a run of a program text, lines separated by CR LF. `kind` becomes ZB::RunMode. A fault in
     /// the text has been shown when this returns; Told where there is something else to tell. Does nothing
     /// while a run is being started or a frame worked on.
-    Progress RunGame(std::string_view text, RunKind kind);
+    Progress RunGame(std::string text, RunKind kind);
     /// The two halves of RunGame, for windows that let what waits for them happen in between. False: nothing
     /// may be started now.
     [[nodiscard]] bool prepareRun(RunKind kind);
     /// Does nothing where the run has been stopped since it was prepared.
-    Progress startRun(std::string_view text);
+    Progress startRun(std::string text);
     void PauseGame();
     void ResumeGame();
     void StepOnce();

@@ -177,7 +177,8 @@ TEST(Allocation, AnEvenGameAsksForNoMemory)
         options.trace = traced;
         options.boxes = {traced, traced, traced};
         options.wantsPicture = options.showMap = true;
-        ASSERT_EQ(player.run(withProductLineEnds(evenGame), options, {}), HeadlessPlayer::Result::AllFrames);
+        ASSERT_EQ(player.run(withProductLineEnds(std::string(evenGame)), options, {}),
+                  HeadlessPlayer::Result::AllFrames);
 
         const std::size_t linesBefore = ring.count();
         requests = 0;

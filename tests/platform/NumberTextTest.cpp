@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
 
 TEST(NumberText, PrintsFifteenDigitsAndNoNegativeZero)
@@ -110,6 +111,19 @@ TEST(NumberText, ReadsTheLongestLeadingNumber)
     EXPECT_EQ(leadingNumber("0." + zeros + "1e1001"), 1);
     EXPECT_EQ(leadingNumber("1" + zeros + "e-1000"), 1);
     EXPECT_EQ(leadingNumberToNinePlaces(zeros + "7." + zeros), 7);
+}
+
+TEST(NumberText, ShortNumbersAreTheNearestDoubles)
+{
+    for (std::int64_t digits = 1; digits < 1'000'000'000'000; digits = digits * 3 + 1)
+        for (int places = 0; places <= 6; ++places) {
+            std::string text = std::to_string(digits);
+            if (places > 0 && places <= static_cast<int>(text.size()))
+                text.insert(text.size() - static_cast<std::size_t>(places), ".");
+            EXPECT_EQ(leadingNumberToNinePlaces(text), leadingNumber(text)) << text;
+            EXPECT_EQ(leadingNumberToNinePlaces("-" + text), -leadingNumber(text)) << text;
+        }
+    EXPECT_TRUE(std::signbit(leadingNumberToNinePlaces("-0.0")));
 }
 
 TEST(NumberText, WholeNumbersAreWholeWords)

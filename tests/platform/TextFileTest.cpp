@@ -60,7 +60,7 @@ TEST(TextFile, ReadsUtf16ByItsByteOrderMark)
         {"\xff\xfe\xff\xd7\0\xe0"sv, "\ud7ff\ue000"},   // around the surrogates
     };
     for (const auto& row : rows)
-        EXPECT_EQ(decodeText(row.bytes), row.text);
+        EXPECT_EQ(decodeText(std::string(row.bytes)), row.text);
 }
 
 TEST(TextFile, LinesEndInThreeWays)

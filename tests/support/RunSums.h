@@ -55,7 +55,7 @@ inline std::string playForSums(HeadlessPlayer& player, std::string_view text, He
     const bool dump = options.dump;
     options.frames = 0;
     options.dump = false;
-    if (player.run(text, options, keys) == HeadlessPlayer::Result::ParseError)
+    if (player.run(std::string(text), options, keys) == HeadlessPlayer::Result::ParseError)
         return "none";
     const ZBContext& context = player.interpreter().context();
     Sum state;

@@ -44,7 +44,7 @@ TestGame::TestGame()
 HeadlessPlayer::Result TestGame::play(std::string_view program, const HeadlessOptions& options,
                                       const std::vector<KeyChange>& keys)
 {
-    return player.run(withProductLineEnds(program), options, keys);
+    return player.run(withProductLineEnds(std::string(program)), options, keys);
 }
 
 std::string programOf(const Blocks& blocks)
