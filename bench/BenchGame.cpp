@@ -49,7 +49,8 @@ BenchGame::~BenchGame()
 
 void BenchGame::start(std::string_view text, RunKind kind)
 {
-    static_cast<void>(m_interpreter.RunGame(std::string(text), kind)); // the first frame tells whether it runs
+    static_cast<void>(
+        m_interpreter.RunGame(std::string(text), kind)); // the first frame tells whether it runs
     frame();
     if (!context().InterpreterRunning())
         std::exit(EXIT_FAILURE);

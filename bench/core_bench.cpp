@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 
 #include "BenchGame.h"
+#include "BenchProgram.h"
 
 #include "platform/Rounding.h"
 
 #include <benchmark/benchmark.h>
-#include <lua.hpp>
 
 #include <algorithm>
 #include <cstdio>
@@ -19,69 +19,6 @@
 
 namespace
 {
-
-/// One state of a program.
-struct State {
-    std::string name;
-    std::string initialize;
-    std::string loop;
-};
-
-/// A program with the given states and one class.
-std::string program(const std::vector<State>& states, std::string_view normal = "")
-{
-    std::string text = "program{\nclasses{\ndot{\nnormal{\n";
-    text.append(normal).append("}normal\n}dot\n}classes\nstates{\n");
-    for (const State& each : states)
-        text += each.name + "{\ninitialize{\n" + each.initialize + "}initialize\nloop{\n" + each.loop +
-                "}loop\n}" + each.name + "\n";
-    text += "}states\n}program\n";
-    std::string lines;
-    for (const char c : text)
-        lines += c == '\n' ? std::string("\r\n") : std::string(1, c);
-    return lines;
-}
-
-std::string repeat(std::string_view text, int times)
-{
-    std::string all;
-    for (int i = 0; i < times; ++i)
-        all += text;
-    return all;
-}
-
-/// A Lua state with the standard library and a compiled chunk on its stack.
-class Lua
-{
-public:
-    explicit Lua(const std::string& chunk)
-        : m_state(luaL_newstate())
-    {
-        luaL_openlibs(m_state);
-        check(luaL_loadstring(m_state, chunk.c_str()));
-        check(lua_pcall(m_state, 0, 0, 0));
-    }
-    ~Lua() { lua_close(m_state); }
-    Lua(const Lua&) = delete;
-    Lua& operator=(const Lua&) = delete;
-
-    void call(const char* function)
-    {
-        lua_getglobal(m_state, function);
-        check(lua_pcall(m_state, 0, 0, 0));
-    }
-
-private:
-    void check(int result)
-    {
-        if (result == LUA_OK)
-            return;
-        std::fprintf(stderr, "lua: %s\n", lua_tostring(m_state, -1));
-        std::exit(EXIT_FAILURE);
-    }
-
-    lua_State* m_state;
-};
 
 // Statements
 // -------------------------------------------------------------------------------------------------------

@@ -29,6 +29,31 @@ if(ZB_FUZZ)
     target_compile_options(zb_flags INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
+# Link-time optimization of the core, for the programs that users get: a frame of sprites takes three quarters of the
+# time. The objects of its libraries can be linked with and without it, so that the tests need not wait for it.
+set(ZB_LINK_TIME FALSE)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND NOT ZB_SANITIZE AND NOT ZB_COVERAGE)
+    set(ZB_LINK_TIME TRUE)
+endif()
+
+# zb_optimize_core(NAME...): libraries that zb_optimized_program can look into.
+function(zb_optimize_core)
+    foreach(name IN LISTS ARGN)
+        if(ZB_LINK_TIME)
+            target_compile_options(${name} PRIVATE $<$<CONFIG:Release>:-flto=auto -ffat-lto-objects>)
+        endif()
+    endforeach()
+endfunction()
+
+# zb_optimized_program(NAME...): programs that are optimized as one when they are linked.
+function(zb_optimized_program)
+    foreach(name IN LISTS ARGN)
+        if(ZB_LINK_TIME)
+            target_link_options(${name} PRIVATE $<$<CONFIG:Release>:-O3 -flto=auto>)
+        endif()
+    endforeach()
+endfunction()
+
 # zb_library(NAME dependency...): a static library with the shared flags; its sources are added by
 # the folders that belong to it. The calls in src/CMakeLists.txt are the layer diagram.
 function(zb_library name)

@@ -194,8 +194,12 @@ private:
                        value.value().realVal);
             else if (isCounterVariable(value))
                 choose(isSet ? Op::SetCounterVariable : Op::ChangeVariable, &Step::b, value.variable().slot);
-            else if (const auto source = sourceOf(value))
-                choose(isSet ? Op::SetNumber : Op::ChangeNumber, &Step::b, add(*source));
+            else if (const auto source = sourceOf(value)) {
+                if (isSet && source->kind == NumberSource::Kind::Sprite)
+                    choose(Op::SetSprite, &Step::b, source->index);
+                else
+                    choose(isSet ? Op::SetNumber : Op::ChangeNumber, &Step::b, add(*source));
+            }
         } else if (isSet) {
             if (isText(value))
                 choose(Op::SetTextConstant, &Step::text, value.value().stringVal);
@@ -221,17 +225,21 @@ private:
 
     bool chooseNumberTest(const ZBLSimpleExp& left, const ZBLSimpleExp& right, TestOperator op)
     {
-        const auto from = sourceOf(left);
-        const auto to = sourceOf(right);
+        auto from = sourceOf(left);
+        auto to = sourceOf(right);
         if (!from || !to)
             return false;
         using Source = NumberSource::Kind;
+        if (from->kind == Source::Counter && to->kind == Source::Sprite) {
+            std::swap(from, to);
+            op = mirrored(op);
+        }
         const bool constant = to->kind == Source::Constant;
         if (from->kind == Source::Counter && (constant || to->kind == Source::Counter)) {
             m_step.op = comparison(constant ? Op::IfConstantEqual : Op::IfVariableEqual, op);
             m_step.a = from->index;
-        } else if (from->kind == Source::Sprite && constant) {
-            m_step.op = comparison(Op::IfSpriteEqual, op);
+        } else if (from->kind == Source::Sprite && (constant || to->kind == Source::Counter)) {
+            m_step.op = comparison(constant ? Op::IfSpriteEqual : Op::IfSpriteVariableEqual, op);
             m_step.a = from->index;
         } else {
             m_step.op = comparison(Op::IfNumberEqual, op);

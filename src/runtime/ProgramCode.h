@@ -18,21 +18,22 @@
 // its statement. Every table of steps is made of this one list.
 //
 // Jump goes to `jump`; Announce, AnnounceIf and EndIf are for the trace alone. Set and Change: counter or
-// text `a` and a constant, the variable `b` or the number source `b`. The comparisons come in the order of
-// TestOperator and go on with the next step where they hold, else with `jump`: counter `a`, the sprite's
-// number `a` or number source `a` with a constant, with counter `b`, with number source `b`; a sprite's class
-// with a text; a map color under a sprite and a key, or any key, with "true". Hide to Place act on the sprite
-// `a`. The last six ask the statement itself.
+// text `a` and a constant, the variable `b`, the sprite's number `b` or the number source `b`. The
+// comparisons come in the order of TestOperator and go on with the next step where they hold, else with
+// `jump`: counter `a`, the sprite's number `a` or number source `a` with a constant, with counter `b`, with
+// number source `b`; a sprite's class with a text; a map color under a sprite and a key, or any key, with
+// "true". Hide to Place act on the sprite `a`. The last six ask the statement itself.
 // clang-format off
 #define ZB_COMPARISONS(STEP, name)                                                                                     \
     STEP(name##Equal) STEP(name##NotEqual) STEP(name##Less) STEP(name##Greater) STEP(name##LessOrEqual)                \
     STEP(name##GreaterOrEqual)
 #define ZB_STEPS(STEP)                                                                                                 \
     STEP(End) STEP(Jump) STEP(Announce) STEP(AnnounceIf) STEP(EndIf)                                                   \
-    STEP(SetCounterConstant) STEP(SetCounterVariable) STEP(SetTextConstant) STEP(SetTextVariable) STEP(SetNumber)      \
-    STEP(ChangeConstant) STEP(ChangeVariable) STEP(ChangeNumber)                                                       \
+    STEP(SetCounterConstant) STEP(SetCounterVariable) STEP(SetTextConstant) STEP(SetTextVariable)                      \
+    STEP(SetSprite) STEP(SetNumber) STEP(ChangeConstant) STEP(ChangeVariable) STEP(ChangeNumber)                       \
     ZB_COMPARISONS(STEP, IfConstant) ZB_COMPARISONS(STEP, IfVariable)                                                  \
-    ZB_COMPARISONS(STEP, IfSprite) ZB_COMPARISONS(STEP, IfNumber)                                                      \
+    ZB_COMPARISONS(STEP, IfSprite) ZB_COMPARISONS(STEP, IfSpriteVariable)                                              \
+    ZB_COMPARISONS(STEP, IfNumber)                                                                                     \
     STEP(IfTextConstantEqual) STEP(IfTextConstantNotEqual) STEP(IfTextVariableEqual) STEP(IfTextVariableNotEqual)      \
     STEP(IfClassEqual) STEP(IfClassNotEqual) STEP(IfColorEqual) STEP(IfColorNotEqual)                                  \
     STEP(IfKeyEqual) STEP(IfKeyNotEqual) STEP(IfAnyKeyEqual) STEP(IfAnyKeyNotEqual)                                    \
