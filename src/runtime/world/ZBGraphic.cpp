@@ -13,6 +13,7 @@
 ZBGraphic::ZBGraphic(std::string_view name, SpriteSheet sheet)
     : m_name(name)
     , m_sheet(std::move(sheet))
+    , m_runs(m_sheet)
 {
 }
 
@@ -50,11 +51,16 @@ void ZBGraphic::Draw(Surface& target, int centreX, int centreY, int frame) const
         return;
     const Pixel* const image =
         &picture().row(static_cast<int>(firstRow + fromY))[static_cast<std::size_t>(fromX)];
-    blit({.target = &target.row(static_cast<int>(top + fromY))[static_cast<std::size_t>(left + fromX)],
-          .targetStride = static_cast<std::size_t>(target.width()),
-          .mask = image + m_sheet.columns(),
-          .image = image,
-          .sourceStride = static_cast<std::size_t>(picture().width()),
-          .width = static_cast<std::size_t>(toX - fromX),
-          .height = static_cast<std::size_t>(toY - fromY)});
+    const BlitJob job = {
+        .target = &target.row(static_cast<int>(top + fromY))[static_cast<std::size_t>(left + fromX)],
+        .targetStride = static_cast<std::size_t>(target.width()),
+        .mask = image + m_sheet.columns(),
+        .image = image,
+        .sourceStride = static_cast<std::size_t>(picture().width()),
+        .width = static_cast<std::size_t>(toX - fromX),
+        .height = static_cast<std::size_t>(toY - fromY)};
+    if (m_runs.isEmpty())
+        blit(job);
+    else
+        m_runs.draw(job, static_cast<std::size_t>(firstRow + fromY), static_cast<std::size_t>(fromX));
 }

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "runtime/world/PixelRuns.h"
 #include "runtime/world/SpriteSheet.h"
 
 #include <cstdint>
@@ -42,4 +43,5 @@ public:
 private:
     std::string m_name;
     SpriteSheet m_sheet;
+    PixelRuns m_runs;
 };
