@@ -48,3 +48,8 @@ BlockEnd ParseInput::blockEnd(int start) const
 {
     return mended ? mended->blockEnd(lines, start) : findBlockEnd(lines, start);
 }
+
+int ParseInput::closingLine(int start) const
+{
+    return mended ? mended->blockEnd(lines, start).line : findClosingLine(lines, start);
+}

@@ -30,4 +30,5 @@ struct ParseInput {
     bool failBlock(std::string message, int line, int lastLine, std::string_view where = {}) const;
 
     BlockEnd blockEnd(int start) const;
+    int closingLine(int start) const;
 };

@@ -23,12 +23,11 @@ bool ZBLIfExp::Parse(const ParseInput& input, int line, Words words)
                               ") in this if statement!",
                           line, right);
 
-    const BlockEnd end = input.blockEnd(line);
-    if (end.line == BlockEnd::noBlock)
+    m_thenEnd = input.closingLine(line);
+    if (m_thenEnd == BlockEnd::noBlock)
         return input.fail("This if statement doesn't start a block (is the brace missing?)", line,
                           endOf(input.lines[line]));
-    m_thenEnd = end.line;
-    return end.line != BlockEnd::none ||
+    return m_thenEnd != BlockEnd::none ||
            input.failBlock("I can't find the end of this if statement!  You probably have unmatched braces.",
                            line, line);
 }
@@ -53,15 +52,15 @@ bool ZBLIfExp::ParseElse(const ParseInput& input)
     const auto* footer = findWord<Block>(input.blockEnd(m_line).footer);
     if (!footer || *footer != Block::Else)
         return true;
-    const BlockEnd end = input.blockEnd(m_thenEnd);
-    if (end.line == BlockEnd::noBlock)
+    const int end = input.closingLine(m_thenEnd);
+    if (end == BlockEnd::noBlock)
         return input.fail("This else clause doesn't start a block (is the brace missing?)", m_thenEnd,
                           endOf(input.lines[m_thenEnd]));
-    if (end.line == BlockEnd::none)
+    if (end == BlockEnd::none)
         return input.failBlock(
             "I can't find the end of this else clause!  You probably have unmatched braces.", m_thenEnd,
             m_thenEnd);
-    m_elseEnd = end.line;
+    m_elseEnd = end;
     return true;
 }
 

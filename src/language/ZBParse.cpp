@@ -48,6 +48,11 @@ BlockEnd findBlockEnd(const LineArray& lines, int start)
     return end;
 }
 
+int findClosingLine(const LineArray& lines, int start)
+{
+    return lines.opensBlock(start) ? lines.closingLine(start) : BlockEnd::noBlock;
+}
+
 int findNextBlock(const LineArray& lines, int from)
 {
     for (int line = from < 1 ? 1 : from; line <= lines.upperBound(); ++line)
@@ -63,11 +68,14 @@ bool startsWith(std::string_view text, std::string_view prefix)
 
 std::string_view nextWord(std::string_view text, std::size_t& position)
 {
-    const auto separates = [&](std::size_t at) { return isSeparator[static_cast<unsigned char>(text[at])]; };
-    while (position < text.size() && separates(position))
-        ++position;
-    const std::size_t first = position;
-    while (position < text.size() && !separates(position))
-        ++position;
-    return text.substr(first, position - first);
+    const auto separates = [](const char* at) { return isSeparator[static_cast<unsigned char>(*at)]; };
+    const char* at = text.data() + position;
+    const char* const end = text.data() + text.size();
+    while (at != end && separates(at))
+        ++at;
+    const char* const first = at;
+    while (at != end && !separates(at))
+        ++at;
+    position = static_cast<std::size_t>(at - text.data());
+    return {first, static_cast<std::size_t>(at - first)};
 }

@@ -22,6 +22,8 @@ struct BlockEnd {
 
 /// Matches the block that is opened on line `start`.
 BlockEnd findBlockEnd(const LineArray& lines, int start);
+/// Only the line that closes it, or one of BlockEnd's numbers.
+int findClosingLine(const LineArray& lines, int start);
 /// The first line numbered `from` or later that opens a block, or -1.
 int findNextBlock(const LineArray& lines, int from);
 bool startsWith(std::string_view text, std::string_view prefix);
