@@ -20,6 +20,17 @@ std::filesystem::path scratchFolder()
     return folder;
 }
 
+/// 20 x 20 squares, red and empty by turns.
+std::string fieldMap()
+{
+    std::string text = "\r\n\r\n 20\r\n 20\r\n";
+    for (int legend = 0; legend < 21; ++legend)
+        text += "\r\n";
+    for (int square = 0; square < 20 * 20; ++square)
+        text += (square + square / 20) % 2 == 0 ? "0\r\n" : "1\r\n";
+    return text;
+}
+
 } // namespace
 
 BenchGame::BenchGame(Frames frames, int graphicSize)
@@ -37,7 +48,8 @@ BenchGame::BenchGame(Frames frames, int graphicSize)
     m_module.GamesFolder.clear();
     const std::string size = std::to_string(graphicSize);
     if (!writeFileWhole(m_folder / "dot.spr", "bench\r\nSimple," + size + "," + size + ",1\r\n") ||
-        !writeFileWhole(m_folder / "dot.spb", "drawn by decode()"))
+        !writeFileWhole(m_folder / "dot.spb", "drawn by decode()") ||
+        !writeFileWhole(m_folder / "field.map", fieldMap()))
         std::abort();
 }
 

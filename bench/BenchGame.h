@@ -12,7 +12,8 @@
 #include <string>
 #include <string_view>
 
-/// A game without a window for measurements, in a scratch folder with one sprite graphic named "dot".
+/// A game without a window for measurements, in a scratch folder with one sprite graphic named "dot" and a
+/// map "field.map".
 class BenchGame : private QuietScreen, private QuietSpy, private ParseErrorPort, private PictureReader
 {
 public:

@@ -18,8 +18,29 @@ struct State {
     std::string loop;
 };
 
-/// A program with the given states and one class "dot", whose sprites run `normal` in each frame.
-std::string program(const std::vector<State>& states, std::string_view normal = "");
+/// A program with the given states and one class "dot", whose sprites run `normal` in each frame. `events`
+/// are further event blocks of the class.
+std::string program(const std::vector<State>& states, std::string_view normal = "",
+                    std::string_view events = "");
+
+// Sprites stand on a lattice just wide enough that they do not touch. It fits the field once around: rows
+// that move sideways and come back on the other side stay what they are.
+inline constexpr int latticeSide = 33;
+inline constexpr double latticeStep = 200.0 / latticeSide;
+inline double latticeX(int i)
+{
+    return 97 - latticeStep * (i % latticeSide);
+}
+inline double latticeY(int i)
+{
+    return -97 + latticeStep * (i / latticeSide % latticeSide);
+}
+
+/// States that make `count` sprites, no more at a time than the event queue takes, and end in the state
+/// "play". All move to the right, the foremost first, but in each row above the first one moves against the
+/// others and hits them: so many that there is work, so few that the queue never fills, however long it goes
+/// on.
+std::vector<State> creationStates(int count, const std::string& loop);
 
 std::string repeat(std::string_view text, int times);
 
@@ -35,6 +56,8 @@ public:
 
     /// Calls a function of the chunk without arguments.
     void call(const char* function);
+    /// A global number.
+    double number(const char* name);
 
 private:
     void check(int result);

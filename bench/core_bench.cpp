@@ -126,47 +126,13 @@ BENCHMARK(Statements_ZorbinoTracedNoBox);
 // A frame of sprites
 // -----------------------------------------------------------------------------------------------
 
-// Sprites stand on a lattice just wide enough that they do not touch, and creep all the same way.
-constexpr int latticeSide = 33;
-constexpr double latticeStep = 6.06;
-double latticeX(int i)
-{
-    return -97 + latticeStep * (i % latticeSide);
-}
-double latticeY(int i)
-{
-    return -97 + latticeStep * (i / latticeSide % latticeSide);
-}
-
-/// States that make `count` sprites, no more at a time than the event queue takes, and end in the state
-/// "play".
-std::vector<State> creationStates(int count, const std::string& loop)
-{
-    std::vector<State> states;
-    int made = 0;
-    while (made < count) {
-        State next{states.empty() ? "begin" : "more" + std::to_string(states.size()), "", ""};
-        const int batch = std::min(count - made, std::max((1001 - made) / 2, 1));
-        for (const int end = made + batch; made < end; ++made)
-            next.initialize += "create dot " + std::to_string(made) + " \"dot\" 0 0.0001 " +
-                               std::to_string(latticeX(made)) + " " + std::to_string(latticeY(made)) + " 0\n";
-        states.push_back(next);
-    }
-    for (std::size_t i = 0; i < states.size(); ++i)
-        states[i].initialize +=
-            "setstate " + (i + 1 < states.size() ? states[i + 1].name : std::string("play")) + "\n";
-    states.push_back({states.empty() ? "begin" : "play", "", loop});
-    states.front().initialize =
-        "set counter$moves 0\n" + std::string(unsetCounters) + states.front().initialize;
-    return states;
-}
-
+// A border around the field, at which sprites come back on the other side; what they meet, they count.
 constexpr std::string_view spriteStatements = "move me\n"
-                                              "if me.x > 99 {\n"
-                                              "  setdirection me 180\n"
+                                              "if me.x > 100 {\n"
+                                              "  changeposition me -200 0 0\n"
                                               "}if\n"
-                                              "if me.x < -99 {\n"
-                                              "  setdirection me 0\n"
+                                              "if me.x < -100 {\n"
+                                              "  changeposition me 200 0 0\n"
                                               "}if\n"
                                               "if me.y > 99 {\n"
                                               "  setdirection me 270\n"
@@ -175,64 +141,115 @@ constexpr std::string_view spriteStatements = "move me\n"
                                               "  setdirection me 90\n"
                                               "}if\n"
                                               "change counter$moves 1\n";
+constexpr std::string_view otherEvents = "collision{\nchange counter$hits 1\n}collision\n"
+                                         "mapchange{\nchange counter$squares 1\n}mapchange\n";
+
+/// A moving field of sprites, so far that all of them are there.
+void startField(BenchGame& game, int count, const std::string& loop = "", RunKind kind = RunKind::Plain)
+{
+    auto states = creationStates(count, loop);
+    states.front().initialize = "setmap game \"field.map\"\nset counter$moves 0\nset counter$hits 0\n"
+                                "set counter$squares 0\n" +
+                                std::string(unsetCounters) + states.front().initialize;
+    game.start(program(states, spriteStatements, otherEvents), kind);
+    for (std::size_t i = 0; i < states.size(); ++i)
+        game.frame();
+}
+
+/// What the variable list says of a counter.
+double counterOf(BenchGame& game, const std::string& name)
+{
+    for (const std::string& line : game.context().DumpVariablesInto())
+        if (line.starts_with(name + " "))
+            return std::strtod(line.c_str() + line.find('=') + 1, nullptr);
+    return -1;
+}
 
 void Frame_Zorbino(benchmark::State& state)
 {
     BenchGame game;
-    const auto count = static_cast<int>(state.range(0));
-    const auto states = creationStates(count, "");
-    game.start(program(states, spriteStatements), RunKind::Plain);
-    for (std::size_t i = 0; i < states.size(); ++i)
-        game.frame();
+    startField(game, static_cast<int>(state.range(0)));
     for (auto _ : state)
         game.frame();
-    state.SetItemsProcessed(state.iterations() * count);
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+    const double moves = counterOf(game, "counter$moves");
+    state.counters["hits"] = counterOf(game, "counter$hits") / moves;
+    state.counters["squares"] = counterOf(game, "counter$squares") / moves;
 }
+
+// The same field, events in a queue, all names local.
+constexpr std::string_view luaField = R"(
+local abs, floor, cos, sin, rad = math.abs, math.floor, math.cos, math.sin, math.rad
+local moves, hits, changes = 0, 0, 0
+local sprites, squares = {}, {}
+local queue, others, queued = {}, {}, 0
+for i = 0, 399 do squares[i] = (i + i // 20) % 2 end
+local function turn(s, direction)
+  s.direction = direction
+  s.dx, s.dy = s.speed * cos(rad(direction)), s.speed * sin(rad(direction))
+end
+for i = 0, count - 1 do
+  local s = { x = 97 - 200 / 33 * (i % 33), y = -97 + 200 / 33 * (i // 33), speed = 0.75, square = 0 }
+  turn(s, i > 33 and i % 33 == 16 and 180 or 0)
+  sprites[i + 1] = s
+end
+local function look(s)
+  local column = (floor(s.x + 0.5) + 100) * 20 // 200
+  local row = (100 - floor(s.y + 0.5)) * 20 // 200
+  if column >= 0 and column < 20 and row >= 0 and row < 20 then
+    local square = squares[row * 20 + column]
+    if square ~= s.square then
+      s.square = square
+      queued = queued + 1
+      queue[queued], others[queued] = s, false
+    end
+  end
+end
+local function place(s, x, y)
+  s.px, s.py, s.x, s.y = s.x, s.y, x, y
+end
+local function move(s)
+  local x, y = s.x + s.dx, s.y + s.dy
+  place(s, x, y)
+  for j = 1, count do
+    local o = sprites[j]
+    if abs(x - o.x) < 6 and abs(y - o.y) < 6 and o ~= s then
+      queued = queued + 1
+      queue[queued], others[queued] = s, o
+    end
+  end
+  look(s)
+end
+local function normal(s)
+  move(s)
+  if s.x > 100 then place(s, s.x - 200, s.y) look(s) end
+  if s.x < -100 then place(s, s.x + 200, s.y) look(s) end
+  if s.y > 99 then turn(s, 270) end
+  if s.y < -99 then turn(s, 90) end
+  moves = moves + 1
+end
+function frame()
+  queued = 0
+  for i = 1, count do normal(sprites[i]) end
+  for i = 1, queued do
+    if others[i] then hits = hits + 1 else changes = changes + 1 end
+  end
+  hitsPerMove, changesPerMove = hits / moves, changes / moves
+end
+)";
 
 void Frame_Lua(benchmark::State& state)
 {
-    const std::string count = std::to_string(state.range(0));
-    Lua lua("count = " + count + R"(
-moves = 0
-hits = 0
-sprites = {}
-squares = {}
-for i = 1, 25 do squares[i] = 0 end
-for i = 0, count - 1 do
-  sprites[i + 1] = { x = -97 + 6.06 * (i % 33), y = -97 + 6.06 * (i // 33 % 33),
-                     direction = 0, speed = 0.0001, square = 0 }
-end
-function turn(s, direction) s.direction = direction end
-function move(index)
-  local s = sprites[index]
-  s.x = s.x + s.speed * math.cos(math.rad(s.direction))
-  s.y = s.y + s.speed * math.sin(math.rad(s.direction))
-  for j = 1, count do
-    if j ~= index then
-      local o = sprites[j]
-      if math.abs(s.x - o.x) < 6 and math.abs(s.y - o.y) < 6 then hits = hits + 1 end
-    end
-  end
-  local column = math.floor((s.x + 100) * 5 / 200)
-  local row = math.floor((100 - s.y) * 5 / 200)
-  if column >= 0 and column < 5 and row >= 0 and row < 5 then s.square = squares[row * 5 + column + 1] end
-end
-function frame()
-  for i = 1, count do
-    local s = sprites[i]
-    move(i)
-    if s.x > 99 then turn(s, 180) end
-    if s.x < -99 then turn(s, 0) end
-    if s.y > 99 then turn(s, 270) end
-    if s.y < -99 then turn(s, 90) end
-    moves = moves + 1
-  end
-end
-)");
+    Lua lua("local count = " + std::to_string(state.range(0)) + std::string(luaField));
     for (auto _ : state)
         lua.call("frame");
     state.SetItemsProcessed(state.iterations() * state.range(0));
+    state.counters["hits"] = lua.number("hitsPerMove");
+    state.counters["squares"] = lua.number("changesPerMove");
 }
+BENCHMARK(Frame_Lua)->Arg(100)->Arg(1000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(Frame_Zorbino)->Arg(100)->Arg(1000)->Unit(benchmark::kMicrosecond);
+
 // ---- A copy of a run and the way back, beside a copy of the bytes of its sprites
 
 void Copy_Memcpy(benchmark::State& state)
@@ -250,10 +267,7 @@ void Copy_Memcpy(benchmark::State& state)
 void Copy_SaveAndRestore(benchmark::State& state)
 {
     BenchGame game;
-    const auto states = creationStates(static_cast<int>(state.range(0)), "");
-    game.start(program(states, spriteStatements), RunKind::Plain);
-    for (std::size_t i = 0; i < states.size() + 10; ++i)
-        game.frame();
+    startField(game, static_cast<int>(state.range(0)));
     for (auto _ : state) {
         const RunState copy = game.context().save();
         game.context().restore(copy);
@@ -262,8 +276,6 @@ void Copy_SaveAndRestore(benchmark::State& state)
 
 BENCHMARK(Copy_Memcpy)->Arg(1000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(Copy_SaveAndRestore)->Arg(20)->Arg(1000)->Unit(benchmark::kMicrosecond);
-BENCHMARK(Frame_Lua)->Arg(100)->Arg(1000)->Unit(benchmark::kMicrosecond);
-BENCHMARK(Frame_Zorbino)->Arg(100)->Arg(1000)->Unit(benchmark::kMicrosecond);
 
 // Drawing
 // ----------------------------------------------------------------------------------------------------------
@@ -395,10 +407,7 @@ void Trace_AllBoxes(benchmark::State& state)
 {
     BenchGame game;
     game.interpreter().setTraceBoxes({true, true, true});
-    const auto states = creationStates(100, std::string(block));
-    game.start(program(states, spriteStatements), RunKind::Traced);
-    for (std::size_t i = 0; i < states.size(); ++i)
-        game.frame();
+    startField(game, 100, std::string(block), RunKind::Traced);
     const std::uint64_t before = game.historyLines();
     for (auto _ : state)
         game.frame();
