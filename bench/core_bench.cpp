@@ -3,6 +3,7 @@
 
 #include "BenchGame.h"
 #include "BenchProgram.h"
+#include "VariedProgram.h"
 
 #include "platform/Rounding.h"
 
@@ -370,7 +371,7 @@ public:
 void Read_Zorbino(benchmark::State& state)
 {
     const auto lines = static_cast<int>(state.range(0));
-    const std::string text = program({{"begin", "", repeat(block, lines / 31)}});
+    const std::string text = variedProgram(lines).zorbino;
     for (auto _ : state) {
         const LineArray array(text);
         Silent reporter;
@@ -386,19 +387,24 @@ void Read_Zorbino(benchmark::State& state)
 void Read_Lua(benchmark::State& state)
 {
     const auto lines = static_cast<int>(state.range(0));
-    // Lua limits the jumps and constants of one function, so the chunk is one of many.
-    const std::string text = repeat("do\n" + std::string(luaBlock) + "end\n", lines / 33);
+    const std::string text = variedProgram(lines).lua;
     lua_State* lua = luaL_newstate();
     for (auto _ : state) {
-        if (luaL_loadbuffer(lua, text.data(), text.size(), "text") != LUA_OK)
-            std::abort();
+        if (luaL_loadbuffer(lua, text.data(), text.size(), "text") != LUA_OK) {
+            std::fprintf(stderr, "lua: %s\n", lua_tostring(lua, -1));
+            std::exit(EXIT_FAILURE);
+        }
         lua_pop(lua, 1);
     }
     lua_close(lua);
     state.SetItemsProcessed(state.iterations() * lines);
 }
-BENCHMARK(Read_Lua)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
-BENCHMARK(Read_Zorbino)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
+void readSizes(benchmark::internal::Benchmark* bench)
+{
+    bench->RangeMultiplier(10)->Range(1000, 1'000'000)->Unit(benchmark::kMillisecond);
+}
+BENCHMARK(Read_Lua)->Apply(readSizes);
+BENCHMARK(Read_Zorbino)->Apply(readSizes);
 
 // The trace
 // --------------------------------------------------------------------------------------------------------
@@ -417,4 +423,16 @@ BENCHMARK(Trace_AllBoxes)->Unit(benchmark::kMicrosecond);
 
 } // namespace
 
-BENCHMARK_MAIN();
+/// Runs the benchmarks; "core_bench --program LINES" writes the program that they read instead.
+int main(int argc, char** argv)
+{
+    if (argc == 3 && std::string_view(argv[1]) == "--program") {
+        const std::string text = variedProgram(std::atoi(argv[2])).zorbino;
+        return std::fwrite(text.data(), 1, text.size(), stdout) == text.size() ? EXIT_SUCCESS : EXIT_FAILURE;
+    }
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+        return EXIT_FAILURE;
+    benchmark::RunSpecifiedBenchmarks();
+    return EXIT_SUCCESS;
+}
