@@ -33,10 +33,10 @@ std::string fieldMap()
 
 } // namespace
 
-BenchGame::BenchGame(Frames frames, int graphicSize)
+BenchGame::BenchGame(Frames frames, const Graphic& graphic)
     : m_folder(scratchFolder())
     , m_frames(frames)
-    , m_graphicSize(graphicSize)
+    , m_graphic(graphic)
     , m_installation(m_folder)
     , m_interpreter(m_module, m_installation, *this,
                     Ports{.screen = *this,
@@ -46,8 +46,9 @@ BenchGame::BenchGame(Frames frames, int graphicSize)
                           .parseError = *this})
 {
     m_module.GamesFolder.clear();
-    const std::string size = std::to_string(graphicSize);
-    if (!writeFileWhole(m_folder / "dot.spr", "bench\r\nSimple," + size + "," + size + ",1\r\n") ||
+    const std::string size = std::to_string(graphic.size);
+    if (!writeFileWhole(m_folder / "dot.spr", "bench\r\n" + std::string(graphic.kind) + "," + size + "," +
+                                                  size + "," + std::to_string(graphic.frames) + "\r\n") ||
         !writeFileWhole(m_folder / "dot.spb", "drawn by decode()") ||
         !writeFileWhole(m_folder / "field.map", fieldMap()))
         std::abort();
@@ -87,16 +88,17 @@ void BenchGame::show(std::string_view text)
 
 std::optional<Surface> BenchGame::decode(std::string_view /*bytes*/)
 {
-    // A disc: opaque inside, transparent outside.
-    Surface picture(2 * m_graphicSize, m_graphicSize, black);
-    const double middle = m_graphicSize / 2.0;
-    for (int y = 0; y < m_graphicSize; ++y)
-        for (int x = 0; x < m_graphicSize; ++x) {
+    // Discs, one below the other: opaque inside, transparent outside.
+    const int size = m_graphic.size;
+    Surface picture(2 * size, size * m_graphic.frames, black);
+    const double middle = size / 2.0;
+    for (int y = 0; y < size * m_graphic.frames; ++y)
+        for (int x = 0; x < size; ++x) {
             const double dx = x + 0.5 - middle;
-            const double dy = y + 0.5 - middle;
+            const double dy = y % size + 0.5 - middle;
             const bool inside = dx * dx + dy * dy < middle * middle;
             picture.set(x, y, inside ? rgb(200, 80, 40) : black);
-            picture.set(m_graphicSize + x, y, inside ? black : white);
+            picture.set(size + x, y, inside ? black : white);
         }
     return picture;
 }

@@ -19,8 +19,19 @@ class BenchGame : private QuietScreen, private QuietSpy, private ParseErrorPort,
 public:
     enum class Frames { Skipped, Drawn };
 
-    /// `graphicSize` is the width and height of the graphic's one frame.
-    explicit BenchGame(Frames frames = Frames::Skipped, int graphicSize = 32);
+    /// The graphic of the sprites: its kind as its file names it, the width and height of a frame, and their
+    /// number.
+    struct Graphic {
+        const char* kind = "Simple";
+        int size = 32;
+        int frames = 1;
+    };
+
+    BenchGame()
+        : BenchGame(Frames::Skipped, {})
+    {
+    }
+    BenchGame(Frames frames, const Graphic& graphic);
     ~BenchGame() override;
 
     /// Starts the program and runs its first frame. Ends the process with a message where it does not run.
@@ -43,7 +54,7 @@ private:
     Frames m_frames;
     QuietGameEditor m_noGameEditor;
     QuietCodeEditor m_noCodeEditor;
-    int m_graphicSize;
+    Graphic m_graphic;
     ZB m_module;
     Installation m_installation;
     std::array<std::string, 500> m_history;

@@ -26,7 +26,7 @@ namespace
 constexpr double fieldSpeed = 0.75;
 
 /// The sprites that are there already have moved `frames` times when this one is made.
-std::string creation(int i, int frames)
+std::string movingSprite(int i, int frames)
 {
     const bool against = i > latticeSide && i % latticeSide == latticeSide / 2;
     const double x = latticeX(i) + (against ? -fieldSpeed : fieldSpeed) * frames;
@@ -37,6 +37,12 @@ std::string creation(int i, int frames)
 } // namespace
 
 std::vector<State> creationStates(int count, const std::string& loop)
+{
+    return creationStates(count, loop, movingSprite);
+}
+
+std::vector<State> creationStates(int count, const std::string& loop,
+                                  const std::function<std::string(int sprite, int frames)>& creation)
 {
     std::vector<State> states;
     int made = 0;

@@ -5,6 +5,7 @@
 
 #include <lua.hpp>
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -41,6 +42,9 @@ inline double latticeY(int i)
 /// others and hits them: so many that there is work, so few that the queue never fills, however long it goes
 /// on.
 std::vector<State> creationStates(int count, const std::string& loop);
+/// The same with a statement of one's own for each sprite; it may depend on how many frames have gone by.
+std::vector<State> creationStates(int count, const std::string& loop,
+                                  const std::function<std::string(int sprite, int frames)>& creation);
 
 std::string repeat(std::string_view text, int times);
 

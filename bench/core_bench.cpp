@@ -10,6 +10,7 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -281,40 +282,86 @@ BENCHMARK(Copy_SaveAndRestore)->Arg(20)->Arg(1000)->Unit(benchmark::kMicrosecond
 // Drawing
 // ----------------------------------------------------------------------------------------------------------
 
-struct Rect {
-    int x = 0;
-    int y = 0;
-    int width = 0;
-    int height = 0;
+/// How the sprites stand and what they show.
+enum class Scene { Lattice, Animated, Rotating, Clipped, OnePlace };
+
+struct Drawing {
+    const char* name;
+    Scene scene;
+    int count;
+    int size;
 };
 
-/// Where the sprites of the lattice are drawn: their top left corners, and how many of their pixels show.
-std::vector<Rect> placesOf(int count, int graphicSize)
+constexpr auto drawings = std::to_array<Drawing>({
+    {"background", Scene::Lattice, 0, 32},
+    {"1000_of_7", Scene::Lattice, 1000, 7},
+    {"1000_of_16", Scene::Lattice, 1000, 16},
+    {"1000_of_32", Scene::Lattice, 1000, 32},
+    {"1000_of_64", Scene::Lattice, 1000, 64},
+    {"100_of_128", Scene::Lattice, 100, 128},
+    {"100_of_256", Scene::Lattice, 100, 256},
+    {"animated_of_32", Scene::Animated, 1000, 32},
+    {"rotating_of_32", Scene::Rotating, 1000, 32},
+    {"clipped_of_32", Scene::Clipped, 1000, 32},
+    {"one_place_of_32", Scene::OnePlace, 1000, 32},
+});
+
+constexpr int animatedFrames = 8;
+constexpr int rotatingFrames = 36;
+
+BenchGame::Graphic graphicOf(const Drawing& drawing)
 {
-    std::vector<Rect> places;
-    for (int i = 0; i < count; ++i) {
-        const int x = roundToInt((latticeX(i) + 100) * 2.4) - graphicSize / 2;
-        const int y = roundToInt((100 - latticeY(i)) * 2.4) - graphicSize / 2;
-        const int left = std::max(x, 0);
-        const int top = std::max(y, 0);
-        const int width = std::min(x + graphicSize, 480) - left;
-        const int height = std::min(y + graphicSize, 480) - top;
-        if (width > 0 && height > 0)
-            places.push_back({left, top, width, height});
+    switch (drawing.scene) {
+    case Scene::Animated:
+        return {"Animated", drawing.size, animatedFrames};
+    case Scene::Rotating:
+        return {"Rotating", drawing.size, rotatingFrames};
+    default:
+        return {"Simple", drawing.size, 1};
     }
-    return places;
 }
 
-void DrawFrame_Zorbino(benchmark::State& state)
+/// A sprite of a drawing: its place, and which frame it shows where the heading chooses.
+struct Placed {
+    double x = 0;
+    double y = 0;
+    int frame = 0;
+};
+
+Placed placed(const Drawing& drawing, int i)
 {
-    BenchGame game(BenchGame::Frames::Drawn, static_cast<int>(state.range(1)));
-    const auto count = static_cast<int>(state.range(0));
-    const auto states = creationStates(count, "");
+    switch (drawing.scene) {
+    case Scene::Clipped: // half of it is beyond the left or right edge
+        return {i % 2 == 0 ? -100.0 : 100.0, latticeY(i), 0};
+    case Scene::OnePlace:
+        return {10, 20, 0};
+    case Scene::Rotating:
+        return {latticeX(i), latticeY(i), i * 7 % rotatingFrames};
+    default:
+        return {latticeX(i), latticeY(i), 0};
+    }
+}
+
+void drawInZorbino(benchmark::State& state, const Drawing& drawing)
+{
+    BenchGame game(BenchGame::Frames::Drawn, graphicOf(drawing));
+    const auto states = creationStates(drawing.count, "", [&](int i, int) {
+        const Placed at = placed(drawing, i);
+        return "create dot " + std::to_string(i) + " \"dot\" " +
+               std::to_string(at.frame * 360 / rotatingFrames) + " 0 " + std::to_string(at.x) + " " +
+               std::to_string(at.y) + " 0\n";
+    });
     game.start(program(states), RunKind::Plain);
     for (std::size_t i = 0; i < states.size(); ++i)
         game.frame();
-    for (auto _ : state)
+    for (auto _ : state) {
+        if (drawing.scene == Scene::Animated) {
+            state.PauseTiming();
+            game.frame();
+            state.ResumeTiming();
+        }
         game.context().DrawFrame();
+    }
 }
 
 /// Not inlined, so that the compiler makes no better copy of a length that it knows.
@@ -323,36 +370,66 @@ void DrawFrame_Zorbino(benchmark::State& state)
     std::memcpy(to, from, count * sizeof(Pixel));
 }
 
+/// Where a sprite is drawn: its top left corner, how many of its pixels show, and the first of them.
+struct Copied {
+    int x = 0;
+    int y = 0;
+    int width = 0;
+    int height = 0;
+    int fromX = 0;
+    int fromY = 0;
+};
+
+std::vector<Copied> copiesOf(const Drawing& drawing)
+{
+    std::vector<Copied> all;
+    for (int i = 0; i < drawing.count; ++i) {
+        const Placed at = placed(drawing, i);
+        const int x = roundToInt((at.x + 100) * 2.4) - drawing.size / 2;
+        const int y = roundToInt((100 - at.y) * 2.4) - drawing.size / 2;
+        const int left = std::max(x, 0);
+        const int top = std::max(y, 0);
+        const int width = std::min(x + drawing.size, 480) - left;
+        const int height = std::min(y + drawing.size, 480) - top;
+        if (width > 0 && height > 0)
+            all.push_back({left, top, width, height, left - x, top - y + at.frame * drawing.size});
+    }
+    return all;
+}
+
 /// The limit that drawing is held against: the same bytes moved plainly, the background whole and every row
 /// of every sprite by a call of memcpy.
-void DrawFrame_Memcpy(benchmark::State& state)
+void drawByMemcpy(benchmark::State& state, const Drawing& drawing)
 {
-    const auto graphicSize = static_cast<int>(state.range(1));
+    const BenchGame::Graphic graphic = graphicOf(drawing);
     const Surface background(480, 480, white);
-    const Surface sprite(graphicSize, graphicSize, black);
+    const Surface sheet(graphic.size, graphic.size * graphic.frames, black);
     Surface display(480, 480, white);
-    const auto places = placesOf(static_cast<int>(state.range(0)), graphicSize);
+    const auto all = copiesOf(drawing);
+    int shown = 0;
     for (auto _ : state) {
+        if (drawing.scene == Scene::Animated)
+            shown = (shown + graphic.size) % sheet.height();
         std::memcpy(display.pixels().data(), background.pixels().data(), background.pixels().size_bytes());
-        for (const Rect& place : places)
-            for (int row = 0; row < place.height; ++row)
-                copyRow(&display.row(place.y + row)[static_cast<std::size_t>(place.x)],
-                        sprite.row(row).data(), static_cast<std::size_t>(place.width));
+        for (const Copied& each : all)
+            for (int row = 0; row < each.height; ++row)
+                copyRow(&display.row(each.y + row)[static_cast<std::size_t>(each.x)],
+                        &sheet.row(shown + each.fromY + row)[static_cast<std::size_t>(each.fromX)],
+                        static_cast<std::size_t>(each.width));
         benchmark::ClobberMemory();
     }
 }
-/// Sprites and their width and height in pixels.
-void drawnGraphics(benchmark::internal::Benchmark* bench)
-{
-    bench->Args({0, 32});
-    for (const int size : {7, 16, 32, 64})
-        bench->Args({1000, size});
-    for (const int size : {128, 256})
-        bench->Args({100, size});
-    bench->Unit(benchmark::kMicrosecond);
-}
-BENCHMARK(DrawFrame_Memcpy)->Apply(drawnGraphics);
-BENCHMARK(DrawFrame_Zorbino)->Apply(drawnGraphics);
+
+const bool drawingsRegistered = [] {
+    for (const Drawing& drawing : drawings) {
+        const std::string name = std::string("DrawFrame/") + drawing.name;
+        benchmark::RegisterBenchmark((name + "_Memcpy").c_str(), drawByMemcpy, drawing)
+            ->Unit(benchmark::kMicrosecond);
+        benchmark::RegisterBenchmark((name + "_Zorbino").c_str(), drawInZorbino, drawing)
+            ->Unit(benchmark::kMicrosecond);
+    }
+    return true;
+}();
 
 // Reading
 // ----------------------------------------------------------------------------------------------------------

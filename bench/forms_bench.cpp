@@ -3,12 +3,12 @@
 
 #include "BenchGame.h"
 #include "BenchProgram.h"
+#include "StatementInLua.h"
 
 #include <benchmark/benchmark.h>
 
 #include <array>
 #include <string>
-#include <string_view>
 
 // Each form of a statement apart, beside Lua with globals and a table for the sprite. A form is written many
 // times behind each other in the block of one sprite, so that what a frame costs besides is shared by many.
@@ -59,36 +59,6 @@ constexpr auto forms = std::to_array<Form>({
     {"changedirection", "changedirection me 15\n", "setdirection(me, me.direction + 15)\n"},
     {"rebound", "rebound me game\n", "rebound(me)\n"},
 });
-
-// What a sprite does in the kit, done in Lua: the place before, the map square under it, the motion's parts.
-constexpr std::string_view luaSprite = R"(
-a, b, big, t = 0, 0, 1000, "play"
-me = { x = 5, y = 6, z = 0, px = 5, py = 6, pz = 0, direction = 0, speed = 0.001, dx = 0.001, dy = 0,
-       class = "dot", red = "False", hidden = false, square = 0 }
-keyboard = { left = "False", anykey = "False" }
-squares = {}
-for i = 1, 25 do squares[i] = 0 end
-local floor, cos, sin, rad = math.floor, math.cos, math.sin, math.rad
-function place(s, x, y, z)
-  s.px, s.py, s.pz = s.x, s.y, s.z
-  s.x, s.y, s.z = x, y, z
-  local column, row = floor((x + 100) / 40), floor((100 - y) / 40)
-  if column >= 0 and column < 5 and row >= 0 and row < 5 then s.square = squares[row * 5 + column + 1] end
-end
-function move(s) place(s, s.x + s.dx, s.y + s.dy, s.z) end
-function moveby(s, dx, dy) place(s, s.x + dx, s.y + dy, s.z) end
-function moveforward(s, by) place(s, s.x + by * cos(rad(s.direction)), s.y + by * sin(rad(s.direction)), s.z) end
-function unmove(s) place(s, s.px, s.py, s.pz) end
-function setposition(s, x, y, z) place(s, x, y, z) end
-function changeposition(s, x, y, z) place(s, s.x + x, s.y + y, s.z + z) end
-function turned(s) s.dx, s.dy = s.speed * cos(rad(s.direction)), s.speed * sin(rad(s.direction)) end
-function setspeed(s, speed) s.speed = speed turned(s) end
-function setdirection(s, direction) s.direction = direction turned(s) end
-function rebound(s)
-  if s.x > 100 or s.x < -100 then setdirection(s, 180 - s.direction) end
-  if s.y > 100 or s.y < -100 then setdirection(s, -s.direction) end
-end
-)";
 
 void formInZorbino(benchmark::State& state, const Form& form)
 {
