@@ -160,7 +160,8 @@ constexpr std::uint32_t shapeOf(std::string_view word)
 /// The rows of one kind with a perfect hash of their words: a factor, found while this is compiled, that
 /// brings the shape of each to a slot of its own. So a word is looked for in one place.
 template<typename Kind> struct WordIndex {
-    static constexpr std::size_t bits = std::bit_width(rowCount<Kind>() * 2);
+    /// With so much room a factor is found in a few dozen attempts.
+    static constexpr std::size_t bits = std::bit_width(rowCount<Kind>() * 4);
     static constexpr std::uint8_t none = 255;
     std::array<Row<Kind>, rowCount<Kind>()> rows{};
     std::array<std::uint8_t, std::size_t{1} << bits> rowAt{};

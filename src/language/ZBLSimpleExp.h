@@ -66,7 +66,7 @@ private:
         const Range* m_range;
     };
 };
-static_assert(sizeof(ZBLSimpleExp) == 16);
+static_assert(sizeof(ZBLSimpleExp) <= 16);
 
 struct ZBLSimpleExp::Range {
     ZBLSimpleExp low;

@@ -70,4 +70,4 @@ protected:
 private:
     Type m_type;
 };
-static_assert(sizeof(ZBLStatement) == 16);
+static_assert(sizeof(ZBLStatement) <= 16);

@@ -142,21 +142,25 @@ Outcome Evaluator::evaluateRandom(const ZBLSimpleExp& operand, ZBLValueExp& valu
         return outcome;
     if (!lowValue.isCounter() || !highValue.isCounter())
         return Outcome::Stopped;
-    const double low = std::min(lowValue.realVal, highValue.realVal);
-    const double high = std::max(lowValue.realVal, highValue.realVal);
+    value = ZBLValueExp::counter(draw(lowValue.realVal, highValue.realVal));
+    return Outcome::Done;
+}
+
+double Evaluator::draw(double one, double other)
+{
+    const double low = std::min(one, other);
+    const double high = std::max(one, other);
     const bool isWhole = std::floor(low) == low && std::floor(high) == high;
     constexpr double countable = 0x1.0p62;
     if (isWhole && high - low < countable) {
         const auto choices = static_cast<std::uint64_t>(high - low) + 1;
-        value = ZBLValueExp::counter(low + static_cast<double>(m_run.random.below(choices)));
-        return Outcome::Done;
+        return low + static_cast<double>(m_run.random.below(choices));
     }
     const double share = m_run.random.nextReal();
     double drawn = low * (1 - share) + high * share; // a difference could become too big
     if (isWhole)
         drawn = std::floor(drawn);
-    value = ZBLValueExp::counter(low < high ? std::clamp(drawn, low, std::nextafter(high, low)) : low);
-    return Outcome::Done;
+    return low < high ? std::clamp(drawn, low, std::nextafter(high, low)) : low;
 }
 
 Outcome Evaluator::getProperty(const ZBLSimpleExp& operand, ZBLValueExp& value, int line)

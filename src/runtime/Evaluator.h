@@ -38,6 +38,8 @@ public:
         std::optional<ZBSprite>& detached = isIt ? m_run.detachedIt : m_run.detachedMe;
         return detached ? &*detached : &m_run.sprites[static_cast<std::size_t>(isIt ? m_run.it : m_run.me)];
     }
+    /// A random number between two, whichever is the lower: a whole one where both are.
+    double draw(double one, double other);
     /// The sprite that ME or IT stands for; null where that has been told to be none.
     ZBSprite* resolve(const ZBLObjectExp& object, int line);
 

@@ -100,9 +100,10 @@ void Events::bind(const ZBEvent& event)
         m_run.it = event.itIndex;
         m_run.sprites[static_cast<std::size_t>(event.itIndex)].slot = event.itIndex;
     }
-    m_tagText.clear();
-    if (m_trace.boxes().events)
+    if (m_trace.boxes().events) {
+        m_tagText.clear();
         me.tag.appendTo(m_tagText);
+    }
     m_trace.TraceEventEntry(*me.className, wordFor(event.eventName), m_tagText);
 }
 

@@ -144,7 +144,7 @@ public:
     }
 
 private:
-    static std::optional<NumberSource> sourceOf(const ZBLSimpleExp& operand)
+    std::optional<NumberSource> sourceOf(const ZBLSimpleExp& operand)
     {
         using Source = NumberSource::Kind;
         if (isNumber(operand))
@@ -155,9 +155,24 @@ private:
             return NumberSource{
                 .kind = Source::Sprite,
                 .index = SpritePart::packed(operand.object().name(), spriteNumber(operand.property()))};
-        if (operand.kind() == Kind::Random && isNumber(operand.low()) && isNumber(operand.high()))
-            return wholeRange(operand.low().value().realVal, operand.high().value().realVal);
-        return std::nullopt;
+        return operand.kind() == Kind::Random ? rangeOf(operand) : std::nullopt;
+    }
+
+    /// A range whose bounds are known is drawn from at once; else the sources of its bounds come first.
+    std::optional<NumberSource> rangeOf(const ZBLSimpleExp& operand)
+    {
+        if (isNumber(operand.low()) && isNumber(operand.high()))
+            if (const auto range = wholeRange(operand.low().value().realVal, operand.high().value().realVal))
+                return range;
+        if (operand.low().kind() == Kind::Random || operand.high().kind() == Kind::Random)
+            return std::nullopt;
+        const auto low = sourceOf(operand.low());
+        const auto high = sourceOf(operand.high());
+        if (!low || !high)
+            return std::nullopt;
+        const std::int32_t first = add(*low);
+        add(*high);
+        return NumberSource{.kind = NumberSource::Kind::RandomBetween, .index = first};
     }
 
     /// Whole numbers few enough to be counted exactly; other ranges are left to the statement.
@@ -477,12 +492,14 @@ int SequenceCode::depthAt(int line) const
 
 void Program::compile()
 {
+    classes.reserve(tree.classes().size());
     for (const ZBLClassExp& each : tree.classes()) {
         ClassCode& code = classes.emplace_back();
         code.name = tree.pool().intern(each.className());
         for (std::size_t event = 0; event < eventNameCount; ++event)
             code.events.emplace_back(each.getEventExp(static_cast<EventName>(event)));
     }
+    states.reserve(tree.states().size());
     for (const ZBLStateExp& each : tree.states()) {
         StateCode& code = states.emplace_back();
         for (const auto part : {ZBLStateExp::Part::Initialize, ZBLStateExp::Part::Loop})

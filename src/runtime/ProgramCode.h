@@ -9,7 +9,6 @@
 
 #include <array>
 #include <cstdint>
-#include <deque>
 #include <memory>
 #include <vector>
 
@@ -59,10 +58,11 @@ struct SpritePart {
 
 /// Where a step gets a number from without asking its statement.
 struct NumberSource {
-    enum class Kind : std::uint8_t { Constant, Counter, Sprite, Random };
+    enum class Kind : std::uint8_t { Constant, Counter, Sprite, Random, RandomBetween };
     Kind kind = Kind::Constant;
-    std::int32_t index = 0;    ///< the counter's slot, or the sprite and which of its numbers
-    double number = 0;         ///< the constant, or the lowest whole number that may be drawn
+    std::int32_t index =
+        0;             ///< the counter's slot, the sprite and which of its numbers, the source of a bound
+    double number = 0; ///< the constant, or the lowest whole number that may be drawn
     std::uint64_t choices = 0; ///< how many may be drawn
 };
 
@@ -135,8 +135,8 @@ struct Program {
     };
 
     ZBLProgramExp tree;
-    std::deque<ClassCode> classes;
-    std::deque<StateCode> states;
+    std::vector<ClassCode> classes;
+    std::vector<StateCode> states;
 
     /// Fills the code from the tree.
     void compile();

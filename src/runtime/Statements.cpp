@@ -39,8 +39,8 @@ BlockResult Statements::run()
     return runPlain();
 }
 
-/// Where a step gets a number from; no number where it cannot be had.
-inline double Statements::numberFrom(const NumberSource& source)
+/// A number that is not drawn; no number where it cannot be had.
+inline double Statements::numberThere(const NumberSource& source)
 {
     switch (source.kind) {
     case NumberSource::Kind::Constant:
@@ -51,10 +51,23 @@ inline double Statements::numberFrom(const NumberSource& source)
         if (const ZBSprite* sprite = m_evaluator.bound(SpritePart::isIt(source.index)))
             return sprite->*spriteNumbers[static_cast<std::size_t>(SpritePart::part(source.index))];
         break;
-    case NumberSource::Kind::Random:
-        return source.number + static_cast<double>(m_run.random.below(source.choices));
+    default:
+        break;
     }
     return std::numeric_limits<double>::quiet_NaN();
+}
+
+/// The number of one of a block's sources; no number where it cannot be had.
+inline double Statements::numberFrom(const NumberSource* sources, std::int32_t index)
+{
+    const NumberSource& source = sources[index];
+    if (source.kind == NumberSource::Kind::Random)
+        return source.number + static_cast<double>(m_run.random.below(source.choices));
+    if (source.kind != NumberSource::Kind::RandomBetween)
+        return numberThere(source);
+    const double low = numberThere(sources[source.index]);
+    const double high = numberThere(sources[source.index + 1]);
+    return std::isunordered(low, high) ? low + high : m_evaluator.draw(low, high);
 }
 
 #if ZB_THREADED_STEPS

@@ -50,7 +50,8 @@ private:
     BlockResult runPlain();
 
     const Step* resume(const BlockCode& code);
-    double numberFrom(const NumberSource& source);
+    double numberThere(const NumberSource& source);
+    double numberFrom(const NumberSource* sources, std::int32_t index);
     bool mustWait() const { return m_stepMode && m_trace.isOn() && m_run.running; }
     BlockResult wait(std::ptrdiff_t step);
     BlockResult tell(std::ptrdiff_t step, Pending next);
