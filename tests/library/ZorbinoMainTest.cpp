@@ -458,7 +458,9 @@ TEST_F(Library, ExplainsWhatTheMouseIsOver)
         EXPECT_EQ(help->text(), QString());
         for (const auto& [name, text] : texts) {
             QTest::mouseMove(control<QWidget>(name), QPoint(3, 3));
-            EXPECT_TRUE(QTest::qWaitFor([&] { return help->text() == QLatin1StringView(text); })) << name;
+            EXPECT_TRUE(QTest::qWaitFor([&, wanted = QLatin1StringView(text)] {
+                return help->text() == wanted;
+            })) << name;
             EXPECT_LE(help->heightForWidth(help->width()), help->height()) << name << ' ' << points;
         }
         EXPECT_TRUE(window->rect().contains(control<QWidget>("ActionWindow")->geometry())) << points;
