@@ -5,6 +5,7 @@
 
 #include "platform/TextFile.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 
@@ -58,6 +59,15 @@ FuzzGame::FuzzGame()
 void FuzzGame::write(std::string_view name, std::string_view bytes) const
 {
     std::ofstream(m_folder / name, std::ios::binary) << bytes;
+}
+
+std::string_view FuzzGame::writeGraphic(const std::string& name, std::string_view input) const
+{
+    const std::size_t end = std::min(input.find('\0'), input.size());
+    write(name + ".spr", input.substr(0, end));
+    if (end < input.size())
+        write(name + ".spb", input.substr(end + 1));
+    return input.substr(0, end);
 }
 
 void FuzzGame::play(std::string_view program, int frames, const std::vector<KeyChange>& keys)

@@ -21,6 +21,10 @@ public:
     static FuzzGame& instance();
 
     void write(std::string_view name, std::string_view bytes) const;
+    /// Writes both files of a sprite graphic: everything up to the first 0 byte is the description, the rest
+    /// its picture. Without a 0 byte the picture of the last input stays, which is as good as any. Returns
+    /// the description.
+    std::string_view writeGraphic(const std::string& name, std::string_view input) const;
     const std::filesystem::path& folder() const { return m_folder; }
     /// Plays a program for some frames, drawn and with every box ticked.
     void play(std::string_view program, int frames,

@@ -3,18 +3,12 @@
 
 #include "FuzzGame.h"
 
-// A description file and its picture: everything up to the first 0 byte is the description.
+// A description file and its picture.
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    const std::string_view input = textOf(data, size);
-    const std::size_t end = std::min(input.find('\0'), input.size());
     FuzzGame& game = FuzzGame::instance();
-    game.write("it.spr", input.substr(0, end));
-    if (end < input.size()) // else the picture of the last input, which is as good as any
-        game.write("it.spb", input.substr(end + 1));
-
-    const auto description = GraphicDescription::fromText(input.substr(0, end));
+    const auto description = GraphicDescription::fromText(game.writeGraphic("it", textOf(data, size)));
     if (description && GraphicDescription::fromText(description->toText())->toText() != description->toText())
         __builtin_trap();
     game.play(

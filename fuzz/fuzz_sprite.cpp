@@ -5,8 +5,7 @@
 
 #include "sprites/SpriteModel.h"
 
-// The two files of a sprite as the sprite editor takes them in: everything up to the first 0 byte is the
-// description, the rest the picture.
+// The two files of a sprite as the sprite editor takes them in.
 
 namespace
 {
@@ -33,12 +32,8 @@ void draw(SpriteModel& model)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    const std::string_view input = textOf(data, size);
-    const std::size_t end = std::min(input.find('\0'), input.size());
     FuzzGame& game = FuzzGame::instance();
-    game.write("drawn.spr", input.substr(0, end));
-    if (end < input.size()) // else the picture of the last input, which is as good as any
-        game.write("drawn.spb", input.substr(end + 1));
+    game.writeGraphic("drawn", textOf(data, size));
 
     PictureFiles pictures;
     const auto sheet = SpriteSheet::read(Installation(game.folder()), pictures, "drawn");

@@ -22,7 +22,6 @@ WritableCheck::WritableCheck(const Installation& installation)
 QString WritableCheck::message() const
 {
     return u"You can look at the games and play them, but I can't save anything: nobody may write in the "
-           u"folder "
-           "%1.\n\nPlease ask somebody for help before you make something that you want to keep."_s.arg(
-               m_folder);
+           "folder %1.\n\n"
+           "Please ask somebody for help before you make something that you want to keep."_s.arg(m_folder);
 }
