@@ -7,6 +7,7 @@
 // screen with QT_QPA_PLATFORM=offscreen.
 #include "forms/Style.h"
 #include "play/GameDisplay.h"
+#include "runtime/world/Field.h"
 #include "play/GameEditor.h"
 #include "runtime/ZBContext.h"
 #include "runtime/ZBInterpreter.h"
@@ -50,7 +51,7 @@ double median(std::vector<double> times)
 
 bool showFrames()
 {
-    constexpr int side = GameDisplay::sideLength;
+    constexpr int side = fieldSize;
     Surface frame(side, side, rgb(90, 180, 240));
     Surface copy(side, side);
     QImage screen(side, side, QImage::Format_RGB32);
