@@ -122,7 +122,7 @@ public:
         static_cast<void>(m_player->interpreter().RunGame(m_text, RunKind::Plain));
         std::vector<KeyInput> inputs;
         for (const KeyChange& key : m_keys)
-            inputs.push_back({.tick = key.frame, .wait = 0, .down = key.down, .code = key.code});
+            inputs.push_back({.time = {.tick = key.frame}, .down = key.down, .code = key.code});
         m_player->interpreter().context().addInputs(std::move(inputs));
         m_player->playFrame();
     }

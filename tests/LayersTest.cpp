@@ -41,7 +41,7 @@ TEST(Layers, AFileIncludesItsOwnLayerAndThoseBelow)
     // From the ground up; what is named beside a layer may be used by it as well.
     const std::vector<std::vector<std::string>> layers = {
         {"platform"}, {"games", "language"},
-        {"runtime"},  {"headless"},
+        {"runtime"},  {"headless"}, {"recording"},
         {"forms"},    {"play", "sprites", "editor", "library", "mapeditor"},
         {"app"}};
     const fs::path sources = fs::path(ZB_SOURCE_DIR) / "src";
@@ -61,7 +61,7 @@ TEST(Layers, AFileIncludesItsOwnLayerAndThoseBelow)
 TEST(Layers, TheCoreKnowsNoToolkit)
 {
     const fs::path sources = fs::path(ZB_SOURCE_DIR) / "src";
-    for (const char* folder : {"platform", "games", "language", "runtime", "headless"})
+    for (const char* folder : {"platform", "games", "language", "runtime", "headless", "recording"})
         for (const Include& include : includesBelow(sources / folder)) {
             if (include.file.find("/platform/qt/") != std::string::npos)
                 continue;
@@ -77,7 +77,7 @@ TEST(Layers, TheCoreComputesTheSameWithEveryCLibrary)
     const std::regex leftToTheLibrary(
         R"(std::(a?sinh?|a?cosh?|a?tanh?|atan2|pow|exp2?|expm1|log(2|10|1p)?|cbrt|hypot|tgamma|lgamma|erfc?)\()");
     const fs::path sources = fs::path(ZB_SOURCE_DIR) / "src";
-    for (const char* folder : {"platform", "games", "language", "runtime", "headless"})
+    for (const char* folder : {"platform", "games", "language", "runtime", "headless", "recording"})
         for (const auto& entry : fs::recursive_directory_iterator(sources / folder)) {
             std::ifstream file(entry.path());
             for (std::string line; std::getline(file, line);)

@@ -23,7 +23,7 @@ std::vector<KeyInput> inputsOf(const std::vector<KeyChange>& keys)
     std::vector<KeyInput> inputs;
     for (const KeyChange& key : keys)
         if (key.frame >= 1)
-            inputs.push_back({.tick = key.frame, .wait = 0, .down = key.down, .code = key.code});
+            inputs.push_back({.time = {.tick = key.frame}, .down = key.down, .code = key.code});
     return inputs;
 }
 

@@ -21,6 +21,9 @@ public:
     /// A whole number from 0 to `limit` - 1, each equally likely (the surplus at the top is drawn again).
     std::uint64_t below(std::uint64_t limit);
 
+    /// What the numbers to come depend on.
+    std::uint64_t state() const { return m_state; }
+
     bool operator==(const Random&) const = default;
 
 private:

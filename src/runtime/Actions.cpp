@@ -243,7 +243,7 @@ Outcome Actions::onGame(const ZBLMethodExp& statement)
 Outcome Actions::setBackground(const ZBLValueExp& name, int line)
 {
     const std::string plain = m_evaluator.basicText(name);
-    const GameAssets::Background background = m_assets.background(plain);
+    const RunFiles::Background background = m_assets.background(plain);
     if (!background.field)
         return m_faults.fail("Could not load background named " + m_evaluator.valueText(name), line);
     m_run.workInPass += workOfContent(background.pixelsRead + background.field->pixels().size());

@@ -104,12 +104,12 @@ void Events::bind(const ZBEvent& event)
         m_tagText.clear();
         me.tag.appendTo(m_tagText);
     }
-    m_trace.TraceEventEntry(*me.className, wordFor(event.eventName), m_tagText);
+    m_trace.TraceEventEntry(*me.className, event.eventName, m_tagText);
 }
 
 void Events::endEvent()
 {
-    m_trace.TraceEventExit(*m_run.position.cls->name, wordFor(m_run.position.event));
+    m_trace.TraceEventExit(*m_run.position.cls->name, m_run.position.event);
     m_run.meValid = m_run.itValid = false;
 }
 

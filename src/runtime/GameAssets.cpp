@@ -19,31 +19,32 @@ constexpr std::size_t mostBackgrounds = 32;
 GameAssets::GameAssets(const FileSource& files, PictureReader& pictures)
     : m_files(files)
     , m_pictures(pictures)
+    , m_read(std::make_shared<RunFiles>(files, std::string()))
 {
 }
 
 bool GameAssets::exists(std::string_view name) const
 {
-    return m_files.isFile(m_path + std::string(name));
+    return m_read->isFile(path() + std::string(name));
 }
 
 std::optional<std::string> GameAssets::text(std::string_view name) const
 {
-    return m_files.readText(m_path + std::string(name));
+    return m_read->readText(path() + std::string(name));
 }
 
-GameAssets::Background GameAssets::background(std::string_view name)
+RunFiles::Background GameAssets::background(std::string_view name)
 {
-    if (const auto known = m_backgrounds.find(name); known != m_backgrounds.end())
+    if (const auto known = m_read->backgrounds.find(name); known != m_read->backgrounds.end())
         return known->second;
-    const auto picture = m_pictures.read(m_files, m_path + std::string(name));
+    const auto picture = m_pictures.read(*m_read, path() + std::string(name));
     if (!picture || picture->isNull())
         return {};
     auto field = std::make_shared<Surface>(fieldSize, fieldSize, white);
     stretch(*field, *picture);
-    Background background{std::move(field), picture->pixels().size()};
-    if (m_backgrounds.size() < mostBackgrounds)
-        m_backgrounds.emplace(name, background);
+    RunFiles::Background background{std::move(field), picture->pixels().size()};
+    if (m_read->backgrounds.size() < mostBackgrounds)
+        m_read->backgrounds.emplace(name, background);
     return background;
 }
 
@@ -52,13 +53,17 @@ GameAssets::graphic(std::string_view name, const std::vector<std::shared_ptr<con
 {
     if (others.size() >= graphicCount)
         return nullptr;
-    auto sheet = SpriteSheet::read(m_files, m_pictures, m_path + std::string(name));
-    if (!sheet)
-        return nullptr;
-    std::size_t pixels = sheet->picture().pixels().size();
+    std::shared_ptr<const ZBGraphic>& graphic = m_read->graphics[std::string(name)];
+    if (!graphic) {
+        auto sheet = SpriteSheet::read(*m_read, m_pictures, path() + std::string(name));
+        if (!sheet)
+            return nullptr;
+        graphic = std::make_shared<const ZBGraphic>(name, std::move(*sheet));
+    }
+    std::size_t pixels = graphic->picture().pixels().size();
     for (const auto& other : others)
         pixels += other->picture().pixels().size();
     if (pixels > mostGraphicPixels)
         return nullptr;
-    return std::make_shared<const ZBGraphic>(name, std::move(*sheet));
+    return graphic;
 }

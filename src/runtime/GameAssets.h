@@ -5,11 +5,9 @@
 
 #include "platform/FileSource.h"
 #include "platform/PictureReader.h"
-#include "runtime/world/ZBGraphic.h"
+#include "runtime/RunFiles.h"
 
 #include <cstddef>
-#include <functional>
-#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -26,24 +24,19 @@ public:
 
     GameAssets(const FileSource& files, PictureReader& pictures);
 
-    /// The folder of the game whose files are meant from now on.
-    void setPath(std::string path)
-    {
-        m_path = std::move(path);
-        m_backgrounds.clear();
-    }
-    const std::string& path() const { return m_path; }
+    /// A run begins of the game in that folder: its files are read anew.
+    void setPath(std::string path) { m_read = std::make_shared<RunFiles>(m_files, std::move(path)); }
+    const std::string& path() const { return m_read->folder(); }
+    /// What the run has read; shared with those that play it again.
+    const std::shared_ptr<RunFiles>& runFiles() const { return m_read; }
+    void useFiles(std::shared_ptr<RunFiles> files) { m_read = std::move(files); }
 
     bool exists(std::string_view name) const;
     /// A text file; nothing where it cannot be read.
     std::optional<std::string> text(std::string_view name) const;
     /// A background as large as the playfield; null where there is no such picture or it has no pixels. One
     /// that the run has used before costs nothing.
-    struct Background {
-        std::shared_ptr<const Surface> field;
-        std::size_t pixelsRead = 0; ///< of the picture in the file
-    };
-    Background background(std::string_view name);
+    RunFiles::Background background(std::string_view name);
     /// The graphic of that name beside those which the run has. Null where it cannot be read, where there are
     /// too many, or where all of them together would be too large.
     std::shared_ptr<const ZBGraphic>
@@ -52,6 +45,5 @@ public:
 private:
     const FileSource& m_files;
     PictureReader& m_pictures;
-    std::string m_path;
-    std::map<std::string, Background, std::less<>> m_backgrounds; ///< those that the run has used
+    std::shared_ptr<RunFiles> m_read;
 };

@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <tuple>
 
 namespace
 {
@@ -99,7 +98,7 @@ void RunState::start(std::uint64_t seed)
     detachedIt.reset();
     position = FramePosition();
     tick = 0;
-    waits = 0;
+    blocks = 0;
     random = Random(seed);
     running = true;
     haltRequested = false;
@@ -107,14 +106,35 @@ void RunState::start(std::uint64_t seed)
     sceneChanged = true;
 }
 
-void RunState::takeInputs()
+std::int32_t RunState::currentLine() const
 {
+    if (!position.block)
+        return 0;
+    const ZBLStatement* const statement =
+        position.block->code(position.form).statements[static_cast<std::size_t>(position.step)];
+    return statement ? statement->line() : 0;
+}
+
+InputTime RunState::now() const
+{
+    if (position.pending != Pending::Release)
+        return {.tick = tick};
+    return {.tick = tick, .block = blocks, .line = currentLine()};
+}
+
+void RunState::takeInputs(std::vector<KeyInput>* log)
+{
+    if (inputs.empty())
+        return;
+    const InputTime time = now();
     auto next = inputs.begin();
-    for (; next != inputs.end() && std::tie(next->tick, next->wait) <= std::tie(tick, waits); ++next) {
+    for (; next != inputs.end() && next->time <= time; ++next) {
         if (next->down)
             keyboard.KeyDown(next->code);
         else
             keyboard.KeyUp(next->code);
+        if (log)
+            log->push_back({time, next->down, next->code});
     }
     inputs.erase(inputs.begin(), next);
 }

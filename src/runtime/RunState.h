@@ -32,13 +32,24 @@ struct ZBGame {
     Text mapName = nullptr;
 };
 
-/// A key that goes down or up: at the beginning of tick `tick` (1 for the first of a run) or, where `wait` is
-/// above 0, when the statement goes on that was the `wait`th to wait in that tick.
-struct KeyInput {
+/// A place in a run where something may happen to it from outside: the beginning of tick `tick` (1 for the
+/// first of a run) or, where `block` is above 0, just before the statement on line `line` runs in the
+/// `block`th block of that tick. A block runs each of its lines once at most.
+struct InputTime {
     std::int64_t tick = 0;
-    std::int32_t wait = 0;
+    std::int32_t block = 0;
+    std::int32_t line = 0;
+
+    auto operator<=>(const InputTime&) const = default;
+};
+
+/// A key that goes down or up.
+struct KeyInput {
+    InputTime time;
     bool down = false;
     int code = 0;
+
+    bool operator==(const KeyInput&) const = default;
 };
 
 /// The parts of a frame that run statements, and the time between frames.
@@ -99,7 +110,7 @@ struct RunState {
     ZBKeyboard keyboard;
     std::vector<KeyInput> inputs; ///< those that have not counted yet, in the order in which they will
     std::int64_t tick = 0;        ///< frames begun in this run, whatever their numbers
-    std::int32_t waits = 0;       ///< statements that have waited in this tick
+    std::int32_t blocks = 0;      ///< blocks that have begun in this tick
     ZBGame game;
     std::shared_ptr<const ZBMap> map;
     Random random;
@@ -121,8 +132,13 @@ struct RunState {
     void reset();
     /// What the start of a run sets; the random numbers begin at `seed`.
     void start(std::uint64_t seed);
-    /// Makes the inputs count that are due now.
-    void takeInputs();
+    /// Makes the inputs count that are due now, and adds them to `log`, where there is one, with the time at
+    /// which they did.
+    void takeInputs(std::vector<KeyInput>* log);
+    /// Where the run stands: at the statement that waits, or at the beginning of its tick.
+    InputTime now() const;
+    /// The line of the statement at which the frame's block stands; 0 where none runs.
+    std::int32_t currentLine() const;
     /// One line per variable in the order of their first setting, then one per sprite.
     std::vector<std::string> dump() const;
 };

@@ -28,6 +28,7 @@ void Statements::begin()
                                      : SequenceCode::Form::Quick;
     m_run.position.step = 0;
     m_run.position.pending = Pending::Nothing;
+    ++m_run.blocks;
 }
 
 BlockResult Statements::run()
@@ -141,7 +142,6 @@ BlockResult Statements::wait(std::ptrdiff_t step)
 {
     m_run.position.step = static_cast<std::int32_t>(step);
     m_run.position.pending = Pending::Release;
-    ++m_run.waits;
     return BlockResult::Waiting;
 }
 

@@ -31,6 +31,8 @@ void Trace::TraceLine(int line)
 {
     if (!m_on)
         return;
+    if (m_watcher)
+        m_watcher->statement(line);
     if (m_boxes.code)
         SpyWrite((*m_run.lines)[line], line);
     if (!m_labelsShown) {
@@ -42,6 +44,8 @@ void Trace::TraceLine(int line)
 void Trace::TraceStateChange()
 {
     forgetLabels();
+    if (m_watcher)
+        m_watcher->stateEntered();
     m_text.assign("New State: State=").append(m_run.state);
     m_text.append(" SubState=").append(m_run.subState());
     SpyWrite(m_text, 0);
@@ -58,10 +62,12 @@ void Trace::TraceFrame()
     SpyWrite("|________________________________________|", 0);
 }
 
-void Trace::TraceEventEntry(std::string_view className, std::string_view eventName, std::string_view tagText)
+void Trace::TraceEventEntry(std::string_view className, EventName event, std::string_view tagText)
 {
+    if (m_watcher)
+        m_watcher->eventBegins(event);
     if (m_boxes.events) {
-        m_text.assign(className).append(".").append(eventName).append("{");
+        m_text.assign(className).append(".").append(wordFor(event)).append("{");
         if (!tagText.empty())
             m_text.append(" ; tag = ").append(tagText);
         SpyWrite(m_text, 0);
@@ -69,17 +75,21 @@ void Trace::TraceEventEntry(std::string_view className, std::string_view eventNa
     ++m_run.traceDepth;
 }
 
-void Trace::TraceEventExit(std::string_view className, std::string_view eventName)
+void Trace::TraceEventExit(std::string_view className, EventName event)
 {
+    if (m_watcher)
+        m_watcher->eventEnds();
     --m_run.traceDepth;
     if (!m_boxes.events)
         return;
-    m_text.assign("}").append(className).append(".").append(eventName);
+    m_text.assign("}").append(className).append(".").append(wordFor(event));
     SpyWrite(m_text, 0);
 }
 
 void Trace::TracePause(int line, int depth)
 {
+    if (m_watcher)
+        m_watcher->pauses(line);
     m_run.traceDepth += depth;
     SpyWrite("\\/\\/\\/\\/\\/\\/\\/\\/\\/\\/\\/\\/\\/\\/\\/\\/\\/\\/\\/", 0);
     m_text.assign("     PAUSE REQUESTED AT LINE ");

@@ -16,6 +16,22 @@ struct TraceBoxes {
     bool code = false;   ///< Show Every Line of Code Executed
 };
 
+/// Looks on while a run goes by, statement by statement. Only who is looked at pays for it.
+class RunWatcher
+{
+public:
+    virtual ~RunWatcher() = default;
+    /// The statement at `line` is about to run.
+    virtual void statement(int line) = 0;
+    /// The block of an event begins and ends; ME and IT are bound.
+    virtual void eventBegins(EventName event) = 0;
+    virtual void eventEnds() = 0;
+    /// A state, or its LOOP, has been entered.
+    virtual void stateEntered() = 0;
+    /// A pause statement ends the frame.
+    virtual void pauses(int line) = 0;
+};
+
 /// Writes the history of a run, and keeps the labels of the spy window up to date.
 class Trace
 {
@@ -31,15 +47,17 @@ public:
     /// The labels show an older state from now on.
     void forgetLabels() { m_labelsShown = false; }
     /// A box is ticked that wants every statement, or the labels are out of date.
-    bool wantsStatements() const { return m_on && (m_boxes.code || !m_labelsShown); }
+    bool wantsStatements() const { return m_on && (m_boxes.code || !m_labelsShown || m_watcher); }
+    /// Tells `watcher` of everything that it writes; null: nobody.
+    void setWatcher(RunWatcher* watcher) { m_watcher = watcher; }
 
     /// Appends a history line; `line` 0 stands for none.
     void SpyWrite(std::string_view text, int line);
     /// The statement at `line` is about to run.
     void TraceLine(int line);
     void TraceStateChange();
-    void TraceEventEntry(std::string_view className, std::string_view eventName, std::string_view tagText);
-    void TraceEventExit(std::string_view className, std::string_view eventName);
+    void TraceEventEntry(std::string_view className, EventName event, std::string_view tagText);
+    void TraceEventExit(std::string_view className, EventName event);
     void TraceIfBegin() { ++m_run.traceDepth; }
     void TraceIfEnd();
     /// `depth` is that of the ifs around which nobody has counted.
@@ -50,6 +68,7 @@ public:
 private:
     SpyPort& m_spy;
     RunState& m_run;
+    RunWatcher* m_watcher = nullptr;
     TraceBoxes m_boxes;
     bool m_on = false;
     bool m_labelsShown = false;

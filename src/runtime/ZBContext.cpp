@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <new>
 #include <stdexcept>
-#include <tuple>
 
 namespace
 {
@@ -97,12 +96,9 @@ void ZBContext::KeyUp(int keyCode, int /*shift*/)
 
 void ZBContext::key(bool down, int code)
 {
-    const bool atWait = isWaiting();
-    const KeyInput input{m_run.tick + (atWait ? 0 : 1), atWait ? m_run.waits : 0, down, code};
+    const KeyInput input{isWaiting() ? m_run.now() : InputTime{.tick = m_run.tick + 1}, down, code};
     // Before those that a script holds for later.
-    const auto later = [&](const KeyInput& other) {
-        return std::tie(other.tick, other.wait) > std::tie(input.tick, input.wait);
-    };
+    const auto later = [&](const KeyInput& other) { return other.time > input.time; };
     m_run.inputs.insert(std::ranges::find_if(m_run.inputs, later), input);
 }
 
@@ -116,8 +112,8 @@ void ZBContext::addInputs(const std::vector<KeyInput>& inputs)
 Progress ZBContext::Quantum()
 {
     ++m_run.tick;
-    m_run.waits = 0;
-    m_run.takeInputs();
+    m_run.blocks = 0;
+    m_run.takeInputs(m_inputLog);
     m_run.countFrame();
     if (m_trace.boxes().frames)
         m_trace.TraceFrame();
@@ -143,7 +139,7 @@ Progress ZBContext::advance()
 {
     if (!inFrame())
         return Progress::FrameDone;
-    m_run.takeInputs();
+    m_run.takeInputs(m_inputLog);
     return runGuarded([this] { return run(); });
 }
 

@@ -45,6 +45,8 @@ public:
     /// The faults of the run that nobody has been told yet, in the order in which they were found.
     std::vector<RuntimeFault> takeFaults() { return m_faults.take(); }
     void DrawFrame() { m_playfield.DrawFrame(m_run); }
+    /// A white picture, which the next frame is drawn over whatever has changed.
+    void clearPicture() { m_playfield.clear(); }
     void HaltInterpreter() { m_run.haltRequested = true; }
     bool InterpreterRunning() const { return m_run.running; }
     /// A frame has come back before its end.
@@ -70,6 +72,8 @@ public:
     void KeyUp(int keyCode, int shift);
     /// Keys of ticks to come (1 is the first of a run), in that order, behind those that are waiting.
     void addInputs(const std::vector<KeyInput>& inputs);
+    /// Every input that counts is added to `log` from now on; null: to none.
+    void logInputs(std::vector<KeyInput>* log) { m_inputLog = log; }
 
     void setShowMap(bool on) { m_playfield.setShowMap(on); }
     Trace& trace() { return m_trace; }
@@ -87,6 +91,9 @@ public:
     const RunState& state() const { return m_run; }
     RunState save() const { return m_run; }
     void restore(const RunState& state);
+    /// What the run has read of its game's files, and the way to let a run see what another one has read.
+    const std::shared_ptr<RunFiles>& runFiles() const { return m_assets.runFiles(); }
+    void useFiles(std::shared_ptr<RunFiles> files) { m_assets.useFiles(std::move(files)); }
 
 private:
     void key(bool down, int code);
@@ -109,4 +116,5 @@ private:
     Actions m_actions;
     Statements m_statements;
     GameScreen& m_screen;
+    std::vector<KeyInput>* m_inputLog = nullptr;
 };

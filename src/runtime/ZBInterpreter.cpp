@@ -28,6 +28,13 @@ void ZBInterpreter::setControl(Control control)
     m_context.statements().setStepMode(control == Control::Stepping);
 }
 
+void ZBInterpreter::forgetRun()
+{
+    if (m_listener)
+        m_listener->runEnds();
+    m_context.Reset();
+}
+
 Progress ZBInterpreter::RunGame(std::string text, RunKind kind)
 {
     return prepareRun(kind) ? startRun(std::move(text)) : Progress::FrameDone;
@@ -38,7 +45,7 @@ bool ZBInterpreter::prepareRun(RunKind kind)
     // Neither a second run beside the first, nor one in the middle of a frame.
     if (inFrame())
         return false;
-    m_context.Reset();
+    forgetRun();
     m_ports.parseError.close();
     m_module.ErrorLine = 0;
     m_module.RunMode = kind;
@@ -74,6 +81,8 @@ Progress ZBInterpreter::startRun(std::string text)
     m_ports.screen.reopen(m_module.CurrentGame.title);
     m_ports.screen.show();
     m_context.Start(m_module.gamePath(), m_seed);
+    if (m_listener)
+        m_listener->runBegins(m_context, m_seed);
     setControl(Control::Running);
     m_ports.screen.enableTimer(true);
     m_ports.screen.setTimerInterval(timerInterval(m_ports.gameEditor.framesPerMinute()));
@@ -149,7 +158,7 @@ void ZBInterpreter::finishStop()
 {
     setControl(Control::Stopped);
     m_ports.screen.close();
-    m_context.Reset();
+    forgetRun();
     m_ports.gameEditor.setEnabled(true);
     RestoreEditorButtons();
 }
@@ -158,7 +167,7 @@ void ZBInterpreter::abandonRun()
 {
     setControl(Control::Stopped);
     m_context.abandonFrame();
-    m_context.Reset();
+    forgetRun();
     m_ports.screen.close();
 }
 
@@ -184,6 +193,10 @@ Progress ZBInterpreter::proceed()
 
 Progress ZBInterpreter::settle(Progress progress)
 {
+    if (m_listener && progress == Progress::Told)
+        m_listener->runBreaks();
+    if (m_listener && m_context.InterpreterRunning() && !m_context.inFrame())
+        m_listener->frameEnds();
     if (progress == Progress::Waiting) {
         m_stepReleased = false;
         m_ports.spy.setVariables(m_context.DumpVariablesInto());
@@ -228,7 +241,7 @@ void ZBInterpreter::parseError(const ParseFault& fault)
 void ZBInterpreter::HaltAfterError()
 {
     setControl(Control::Stopped);
-    m_context.Reset();
+    forgetRun();
     m_ports.screen.close();
     if (m_module.RunMode != RunKind::Traced)
         return;

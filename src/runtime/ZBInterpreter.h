@@ -5,6 +5,7 @@
 
 #include "runtime/Outcomes.h"
 #include "runtime/Ports.h"
+#include "runtime/RunListener.h"
 #include "runtime/ZB.h"
 #include "runtime/ZBContext.h"
 
@@ -69,6 +70,9 @@ public:
     /// N(60000 / framesPerMinute) in milliseconds; nothing at 0, where the game stands still.
     static std::optional<int> timerInterval(int framesPerMinute);
 
+    /// Who follows the runs; null: nobody.
+    void setListener(RunListener* listener) { m_listener = listener; }
+
     /// The seed of the next run's random numbers.
     void setSeed(std::uint64_t seed) { m_seed = seed; }
     std::uint64_t seed() const { return m_seed; }
@@ -90,6 +94,7 @@ private:
     void setControl(Control control);
     void release();
     void finishStop();
+    void forgetRun();
     Progress settle(Progress progress);
 
     ZB& m_module;
@@ -98,5 +103,6 @@ private:
     ZBContext m_context;
     std::uint64_t m_seed = 0;
     Control m_control = Control::Stopped;
+    RunListener* m_listener = nullptr;
     bool m_stepReleased = false; ///< the waiting statement may go on
 };

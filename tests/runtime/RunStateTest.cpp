@@ -178,9 +178,9 @@ TEST(Runs, GoOnFromACopyAtEveryStatement)
         return dump;
     };
     const auto pressKeys = [&] { // they count when the statement goes on
-        if (context.state().waits % 5 == 2)
+        if (context.state().currentLine() % 5 == 2)
             context.KeyDown(32, 0);
-        if (context.state().waits % 5 == 4)
+        if (context.state().currentLine() % 5 == 4)
             context.KeyUp(32, 0);
     };
     game.output.clear();
@@ -210,7 +210,8 @@ TEST(Runs, TakeTheirKeysFromAQueue)
                         .loop = "change counter$n 1\nset text$left keyboard.left\nset text$up keyboard.up"};
     game.play(programOf(blocks), options);
     ZBContext& context = game.context();
-    context.addInputs({{.tick = 2, .down = true, .code = 37}, {.tick = 4, .down = false, .code = 37}});
+    context.addInputs(
+        {{.time = {.tick = 2}, .down = true, .code = 37}, {.time = {.tick = 4}, .down = false, .code = 37}});
     const auto shows = [&](std::string_view text) {
         const auto dump = context.DumpVariablesInto();
         return std::ranges::find(dump, text) != dump.end();
