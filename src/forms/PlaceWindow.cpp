@@ -37,6 +37,7 @@ constexpr std::array kinds = {
     WindowKind{"CodeEditor"_L1, WindowRole::CodeEditor, Obstacle::CodeEditor},
     WindowKind{"GameWindow"_L1, WindowRole::GameWindow, Obstacle::GameWindow},
     WindowKind{"SpyWindow"_L1, WindowRole::SpyWindow, Obstacle::SpyWindow},
+    WindowKind{"TimeWindow"_L1, WindowRole::TimeWindow, Obstacle::Other},
     WindowKind{"ParseError"_L1, WindowRole::ParseError, Obstacle::Other},
     WindowKind{"Properties"_L1, WindowRole::GamePanel, Obstacle::Other},
     WindowKind{"Resources"_L1, WindowRole::GamePanel, Obstacle::Other},

@@ -50,6 +50,14 @@ constexpr Manners mannersOf(WindowRole role)
                 .gameWindow = 8,
                 .other = 1,
                 .below = true};
+    case WindowRole::TimeWindow: // used together with game, spy and code
+        return {.runButtons = never,
+                .gameEditor = 8,
+                .codeEditor = 3,
+                .gameWindow = 12,
+                .spyWindow = 4,
+                .other = 1,
+                .below = true};
     case WindowRole::ParseError:
         return {.runButtons = never,
                 .cursorLine = never,

@@ -25,6 +25,7 @@ enum class WindowRole {
     CodeEditor,
     GameWindow,
     SpyWindow,
+    TimeWindow,
     ParseError,
     GamePanel, ///< properties and resources
     Workshop   ///< sprite and map editor

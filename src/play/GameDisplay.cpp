@@ -6,6 +6,8 @@
 #include "runtime/world/Field.h"
 
 #include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
 #include <QTimer>
 
 #include <algorithm>
@@ -31,6 +33,45 @@ GameDisplay::GameDisplay(QWidget* parent)
     setAccessibleName(u"The running game"_s);
     setFocusPolicy(Qt::StrongFocus);
     setFixedSize(fieldSize, fieldSize);
+}
+
+void GameDisplay::setMark(const QString& mark)
+{
+    if (m_mark == mark)
+        return;
+    m_mark = mark;
+    setAccessibleName(mark.isEmpty() ? u"The running game"_s : u"The game in the past"_s);
+    update();
+}
+
+void GameDisplay::paintEvent(QPaintEvent* event)
+{
+    forms::PictureArea::paintEvent(event);
+    if (m_mark.isEmpty())
+        return;
+    constexpr int width = 4;
+    const QColor violet(0x7a, 0x49, 0xd6);
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(violet, width));
+    painter.drawRect(rect().adjusted(width / 2, width / 2, -width / 2, -width / 2));
+    QFont bold = font();
+    bold.setBold(true);
+    painter.setFont(bold);
+    // In the corner where games show the least.
+    const QSize words = painter.fontMetrics().size(Qt::TextSingleLine, m_mark) + QSize(20, 6);
+    const QRect sign(QPoint(this->width() - words.width(), height() - words.height()), words);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(violet);
+    painter.drawRoundedRect(sign.adjusted(0, 0, 8, 8), 8, 8);
+    painter.setPen(Qt::white);
+    painter.drawText(sign, Qt::AlignCenter, m_mark);
+}
+
+void GameDisplay::mousePressEvent(QMouseEvent* event)
+{
+    forms::PictureArea::mousePressEvent(event);
+    Q_EMIT clicked(event->position().toPoint());
 }
 
 void GameDisplay::keyPressEvent(QKeyEvent* event)

@@ -28,12 +28,18 @@ public:
     void holdKeys();
     /// Only the keys that are really down are down from here on.
     void letKeysGo();
+    /// A word over the picture, with a frame around it: what is shown is not what is. Empty: nothing.
+    void setMark(const QString& mark);
 
 Q_SIGNALS:
     void keyDown(int keyCode, int shift);
     void keyUp(int keyCode, int shift);
+    /// The picture was clicked at that place, in pixels.
+    void clicked(QPoint place);
 
 protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
@@ -51,6 +57,7 @@ private:
     std::vector<int> releaseKeys();
 
     forms::HeldKeys m_keys;
+    QString m_mark;
     std::vector<int> m_lost; ///< the codes of keys that went up with the focus
     QElapsedTimer m_sinceLost;
     bool m_away = false; ///< the focus is elsewhere

@@ -10,6 +10,7 @@
 #include "forms/Style.h"
 #include "forms/Texts.h"
 #include "forms/WindowPlacement.h"
+#include "play/time/TimeWindow.h"
 #include "runtime/ZBInterpreter.h"
 #include "runtime/world/Field.h"
 
@@ -89,14 +90,20 @@ void GameEditor::Form_Load()
                                                           .spy = *m_spy,
                                                           .parseError = *m_parseError});
     m_gameWindow.attach(*m_interpreter);
+    m_timeMachine = std::make_unique<TimeMachine>(
+        *m_interpreter, TimeMachine::Windows{.game = m_gameWindow, .spy = *m_spy, .code = *m_codeEditor},
+        m_desk.pictures());
+    m_timeWindow = std::make_unique<TimeWindow>(*m_timeMachine);
     connect(&m_gameWindow, &GameWindow::told, this, [this] {
         if (m_closing == Closing::Telling)
             close();
     });
     connect(&m_gameWindow, &GameWindow::aboutToShow, this, [this] { forms::placeWindow(m_gameWindow); });
     m_parseError->accompany(m_codeEditor->widget());
-    connect(m_spy.get(), &SpyWindow::traceBoxesChanged, this,
-            [this] { m_interpreter->setTraceBoxes(m_spy->traceBoxes()); });
+    connect(m_spy.get(), &SpyWindow::traceBoxesChanged, this, [this] {
+        m_interpreter->setTraceBoxes(m_spy->traceBoxes());
+        m_timeMachine->refresh();
+    });
     m_desk.LogProgress(u"GameEditor.Form_Load: loading source code"_s);
     // A text that cannot be read leaves the code editor empty and hidden.
     m_codeEditor->LoadFile(forms::fromUtf8(m_game.pathOf("code.txt")));
@@ -113,7 +120,7 @@ void GameEditor::showTitle()
 void GameEditor::buildControls()
 {
     // clang-format off
-    static constexpr std::array<ButtonRow, 8> buttons = {{
+    static constexpr std::array<ButtonRow, 9> buttons = {{
         {&GameEditor::m_play, {{"PlayButton", "play", u"&Play", u""}, &GameEditor::PlayButton_Click}},
         {&GameEditor::m_pause, {{"PauseButton", "pause", u"Pa&use", u"Pause Currently Running Game"}, &GameEditor::PauseButton_Click}},
         {&GameEditor::m_step, {{"StepButton", "step", u"S&tep", u"Step"}, &GameEditor::StepButton_Click}},
@@ -122,6 +129,7 @@ void GameEditor::buildControls()
         {&GameEditor::m_propWindow, {{"PropWindowButton", "properties", u"Prop&erties", u"Show the Properties Window"}, &GameEditor::PropWindowButton_Click}},
         {&GameEditor::m_resWindow, {{"ResWindowButton", "resources", u"&Resources", u"Show the Resources Window"}, &GameEditor::ResWindowButton_Click}},
         {&GameEditor::m_spyWindow, {{"SpyWindowButton", "spy", u"Sp&y", u"Show the Spy Window"}, &GameEditor::SpyWindowButton_Click}},
+        {&GameEditor::m_time, {{"TimeButton", "time", u"T&ime", u"Go Back in Time"}, &GameEditor::TimeButton_Click}},
     }};
     // clang-format on
     constexpr int runIcon = 40;
@@ -251,6 +259,7 @@ int GameEditor::framesPerMinute() const
 void GameEditor::PlayButton_Click()
 {
     if (m_interpreter->context().InterpreterRunning()) {
+        m_timeMachine->leave();
         m_interpreter->ResumeGame();
         m_gameWindow.activateWindow(); // the keys are for the game again, as after its start
         return;
@@ -260,6 +269,7 @@ void GameEditor::PlayButton_Click()
     m_interpreter->setSeed(QRandomGenerator::system()->generate64()); // chance falls anew in every run
     if (!m_interpreter->prepareRun(RunKind::Traced))
         return;
+    m_timeMachine->forget();
     QCoreApplication::processEvents(); // a click on Stop, or on the cross of this window, counts now
     m_gameWindow.follow(m_interpreter->startRun(m_codeEditor->text()));
 }
@@ -271,11 +281,12 @@ void GameEditor::PauseButton_Click()
 
 void GameEditor::StepButton_Click()
 {
-    m_interpreter->StepOnce();
+    m_timeMachine->stepForward();
 }
 
 void GameEditor::StopButton_Click()
 {
+    m_timeMachine->leave();
     m_interpreter->StopGame();
 }
 
@@ -294,6 +305,7 @@ void GameEditor::FramesPerMinute_Change()
 void GameEditor::OptionShowMap_Click()
 {
     m_interpreter->context().setShowMap(m_showMap->isChecked());
+    m_timeMachine->setShowMap(m_showMap->isChecked());
 }
 
 // ---- The other windows
@@ -318,6 +330,13 @@ void GameEditor::SpyWindowButton_Click()
     if (!m_spy->isVisible())
         forms::placeWindow(*m_spy);
     forms::bringUp(*m_spy);
+}
+
+void GameEditor::TimeButton_Click()
+{
+    if (!m_timeWindow->isVisible())
+        forms::placeWindow(*m_timeWindow);
+    forms::bringUp(*m_timeWindow);
 }
 
 // ---- Closing
@@ -356,6 +375,7 @@ bool GameEditor::mayClose()
 void GameEditor::leave()
 {
     QWidget::setEnabled(false); // a click that is still on its way comes too late
+    m_timeWindow->close();
     m_interpreter->abandonRun();
     m_haltMeAgain->stop();
     m_codeEditor->closeForGood();

@@ -7,6 +7,7 @@
 #include "play/GameWindow.h"
 #include "play/ParseError.h"
 #include "play/spy/SpyWindow.h"
+#include "play/time/TimeMachine.h"
 
 #include <QTimer>
 #include <QWidget>
@@ -17,6 +18,7 @@ class QCheckBox;
 class QLayout;
 class QSlider;
 class QToolButton;
+class TimeWindow;
 
 /// The workbench for one game: run controls, speed, and the way to the game's other windows. Owns the
 /// interpreter and the windows of the run; opens and closes the code editor. Deletes itself once it has been
@@ -47,6 +49,7 @@ public:
     void PropWindowButton_Click();
     void ResWindowButton_Click();
     void SpyWindowButton_Click();
+    void TimeButton_Click();
     void FramesPerMinute_Change();
     void OptionShowMap_Click();
     void HaltMeAgain_Timer();
@@ -74,6 +77,7 @@ private:
     QToolButton* m_propWindow = nullptr;
     QToolButton* m_resWindow = nullptr;
     QToolButton* m_spyWindow = nullptr;
+    QToolButton* m_time = nullptr;
     QSlider* m_framesPerMinute;
     QCheckBox* m_showMap;
     QTimer* m_haltMeAgain; ///< a child, so that it can be found by its name
@@ -85,4 +89,6 @@ private:
     std::unique_ptr<SpyWindow> m_spy;
     std::unique_ptr<ParseError> m_parseError;
     std::unique_ptr<ZBInterpreter> m_interpreter;
+    std::unique_ptr<TimeMachine> m_timeMachine;
+    std::unique_ptr<TimeWindow> m_timeWindow;
 };

@@ -57,6 +57,7 @@ GameWindow::GameWindow()
     connect(m_gameTimer, &QTimer::timeout, this, &GameWindow::GameTimer_Timer);
     connect(m_display, &GameDisplay::keyDown, this, &GameWindow::Display_KeyDown);
     connect(m_display, &GameDisplay::keyUp, this, &GameWindow::Display_KeyUp);
+    connect(m_display, &GameDisplay::clicked, this, &GameWindow::clicked);
 }
 
 void GameWindow::attach(ZBInterpreter& interpreter)
@@ -183,8 +184,33 @@ void GameWindow::letKeysGo()
     m_display->letKeysGo();
 }
 
+void GameWindow::showPast(const Surface& picture)
+{
+    m_showsPast = true;
+    m_display->showSurface(&picture);
+    m_display->setMark(u"Past"_s);
+    if (isVisible())
+        return;
+    setAttribute(Qt::WA_ShowWithoutActivating); // the hand is on the slider
+    Q_EMIT aboutToShow();
+    QWidget::show();
+    setAttribute(Qt::WA_ShowWithoutActivating, false);
+}
+
+void GameWindow::showNow()
+{
+    if (!std::exchange(m_showsPast, false))
+        return;
+    m_display->setMark(QString());
+    m_display->showSurface(&m_interpreter->context().display());
+    if (!m_open)
+        hide();
+}
+
 void GameWindow::closeEvent(QCloseEvent* event)
 {
+    if (m_showsPast && !m_open)
+        Q_EMIT pastClosed();
     if (m_interpreter == nullptr || !m_interpreter->context().InterpreterRunning())
         return;
     // The end of the run closes the window: at once, or when the waiting statement has finished.

@@ -42,6 +42,11 @@ public:
     /// The user is being told what went wrong.
     bool isTelling() const { return m_telling; }
 
+    /// Shows a moment of the past, marked as one, in the place of the run. Opens where there is no run.
+    void showPast(const Surface& picture);
+    /// Shows the run again; closes where there is none.
+    void showNow();
+
     /// Tells what is to be told, and goes on.
     void follow(Progress progress);
 
@@ -57,6 +62,10 @@ Q_SIGNALS:
     void closed();
     /// The user has read what went wrong.
     void told();
+    /// The user has closed the window over a moment of a run that has ended.
+    void pastClosed();
+    /// The picture was clicked at that place, in pixels.
+    void clicked(QPoint place);
 
 protected:
     void closeEvent(QCloseEvent* event) override; // Form_Unload
@@ -68,6 +77,7 @@ private:
     GameDisplay* m_display;
     QTimer* m_gameTimer;
     bool m_open = false;
+    bool m_showsPast = false;
     bool m_telling = false;
     bool m_timerEnabled = false;
     bool m_standsStill = false;

@@ -125,7 +125,10 @@ std::int32_t Replay::countStatements(std::int64_t frame, std::optional<InputTime
 
 std::int32_t Replay::statementsAfter(std::int64_t frame)
 {
-    return countStatements(frame, std::nullopt);
+    const Moment here = m_moment;
+    const std::int32_t count = countStatements(frame, std::nullopt);
+    playTo(here);
+    return count;
 }
 
 Moment Replay::last()
@@ -136,10 +139,13 @@ Moment Replay::last()
     const auto waits = m_recording.growingAt();
     if (!waits && !m_recording.isBroken())
         return {frames, noStatement};
-    const Moment here = m_moment;
-    const Moment last{frames, countStatements(frames, waits)};
-    m_moment = here;
-    return last;
+    const LastFrame frame{m_recording.version(), frames, waits};
+    if (m_last.frame != frame) {
+        const Moment here = m_moment;
+        m_last = {frame, countStatements(frames, waits)};
+        playTo(here);
+    }
+    return {frames, m_last.statements};
 }
 
 void Replay::playTo(Moment moment)

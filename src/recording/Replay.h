@@ -80,6 +80,19 @@ private:
     void playOnTo(Moment moment);
     std::int32_t countStatements(std::int64_t frame, std::optional<InputTime> until);
 
+    /// The frame that the recording has only begun.
+    struct LastFrame {
+        std::uint64_t version = 0;
+        std::int64_t frames = -1;
+        std::optional<InputTime> waits;
+
+        bool operator==(const LastFrame&) const = default;
+    };
+    struct {
+        LastFrame frame;
+        std::int32_t statements = 0;
+    } m_last;
+
     const Recording& m_recording;
     ZBContext m_context;
     Moment m_moment;

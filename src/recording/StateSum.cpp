@@ -86,7 +86,7 @@ std::uint64_t stateSum(const RunState& run)
     for (const std::int32_t slot : run.variables.order)
         add(sum, slot);
     addSprites(sum, run);
-    for (int code = 0; code < 128; ++code)
+    for (int code = 0; code < ZBKeyboard::keyCount; ++code)
         sum.addByte(run.keyboard.isDown(code) ? 1 : 0);
     for (Text name : {run.game.backgroundName, run.game.musicName, run.game.mapName})
         add(sum, name);

@@ -102,6 +102,18 @@ void ZBContext::key(bool down, int code)
     m_run.inputs.insert(std::ranges::find_if(m_run.inputs, later), input);
 }
 
+std::vector<int> ZBContext::keysDown() const
+{
+    ZBKeyboard keyboard = m_run.keyboard;
+    for (const KeyInput& input : m_run.inputs)
+        input.down ? keyboard.KeyDown(input.code) : keyboard.KeyUp(input.code);
+    std::vector<int> codes;
+    for (int code = 0; code < ZBKeyboard::keyCount; ++code)
+        if (keyboard.isDown(code))
+            codes.push_back(code);
+    return codes;
+}
+
 void ZBContext::addInputs(const std::vector<KeyInput>& inputs)
 {
     m_run.inputs.insert(m_run.inputs.end(), inputs.begin(), inputs.end());

@@ -70,6 +70,8 @@ public:
     /// A key goes down or up now: it counts when the next frame begins or the waiting statement goes on.
     void KeyDown(int keyCode, int shift);
     void KeyUp(int keyCode, int shift);
+    /// The codes of the keys that are down, those counted that are waiting to count.
+    std::vector<int> keysDown() const;
     /// Keys of ticks to come (1 is the first of a run), in that order, behind those that are waiting.
     void addInputs(const std::vector<KeyInput>& inputs);
     /// Every input that counts is added to `log` from now on; null: to none.

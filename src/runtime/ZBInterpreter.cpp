@@ -54,13 +54,24 @@ bool ZBInterpreter::prepareRun(RunKind kind)
     m_context.trace().setOn(kind == RunKind::Traced);
     setControl(Control::Starting);
     m_stepReleased = false;
+    openWindows();
+    return true;
+}
+
+void ZBInterpreter::openWindows()
+{
     m_module.CodeEditorWasOpen = m_ports.codeEditor.isVisible();
     if (m_module.CodeEditorWasOpen)
         m_ports.codeEditor.hide();
     m_ports.screen.load();
     m_ports.screen.setTimerInterval(timerInterval(m_ports.gameEditor.framesPerMinute()));
     m_ports.gameEditor.setButtons(RunButtons::Running);
-    return true;
+}
+
+void ZBInterpreter::showGame()
+{
+    m_ports.screen.reopen(m_module.CurrentGame.title);
+    m_ports.screen.show();
 }
 
 Progress ZBInterpreter::startRun(std::string text)
@@ -78,8 +89,7 @@ Progress ZBInterpreter::startRun(std::string text)
     case Outcome::Told:
         return Progress::Told;
     }
-    m_ports.screen.reopen(m_module.CurrentGame.title);
-    m_ports.screen.show();
+    showGame();
     m_context.Start(m_module.gamePath(), m_seed);
     if (m_listener)
         m_listener->runBegins(m_context, m_seed);
@@ -89,20 +99,49 @@ Progress ZBInterpreter::startRun(std::string text)
     return Progress::FrameDone;
 }
 
-void ZBInterpreter::writeBanner()
+std::vector<std::string> ZBInterpreter::banner(const GameRecord& game)
 {
     const std::string rule(41, '_');
+    std::vector<std::string> lines(31);
+    lines.insert(lines.end(),
+                 {rule, "", "  Title:  " + game.title, "  Author: " + game.author, rule, "", ""});
+    return lines;
+}
+
+void ZBInterpreter::writeBanner()
+{
     m_ports.spy.clearHistory();
-    for (int i = 0; i < 31; ++i)
-        m_ports.spy.addHistoryLine("");
-    m_ports.spy.addHistoryLine(rule);
-    m_ports.spy.addHistoryLine("");
-    m_ports.spy.addHistoryLine("  Title:  " + m_module.CurrentGame.title);
-    m_ports.spy.addHistoryLine("  Author: " + m_module.CurrentGame.author);
-    m_ports.spy.addHistoryLine(rule);
-    m_ports.spy.addHistoryLine("");
-    m_ports.spy.addHistoryLine("");
+    for (const std::string& line : banner(m_module.CurrentGame))
+        m_ports.spy.addHistoryLine(line);
     m_ports.spy.selectLastLine();
+}
+
+bool ZBInterpreter::goOnFrom(const RunState& state, std::shared_ptr<RunFiles> files, bool paused)
+{
+    const bool isOver = m_control == Control::Stopped;
+    if (m_control == Control::Starting || m_control == Control::Stopping || (isOver && m_context.inFrame()))
+        return false;
+    if (isOver) {
+        m_ports.parseError.close();
+        m_module.ErrorLine = 0;
+        m_module.ErrorText.clear();
+        openWindows();
+    }
+    m_context.useFiles(std::move(files));
+    m_context.restore(state);
+    setControl(Control::Running);
+    m_stepReleased = false;
+    m_context.DrawFrame();
+    if (isOver) {
+        showGame();
+        m_ports.screen.enableTimer(true);
+    }
+    if (paused) {
+        PauseGame();
+    } else {
+        ResumeGame();
+    }
+    return true;
 }
 
 void ZBInterpreter::PauseGame()

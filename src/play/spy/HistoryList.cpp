@@ -56,6 +56,12 @@ void HistoryList::selectLastLine()
     scrollToBottom();
 }
 
+void HistoryList::showInstead(std::optional<std::deque<QString>> lines)
+{
+    m_model->showInstead(std::move(lines));
+    selectLastLine();
+}
+
 void HistoryList::resizeEvent(QResizeEvent* event)
 {
     const QScopedValueRollback moving(m_moving, true);

@@ -19,6 +19,8 @@ public:
     /// Shows what has arrived since the last call.
     void refresh();
     void selectLastLine();
+    /// Shows these lines, the last selected, in the place of the history; nothing: the history again.
+    void showInstead(std::optional<std::deque<QString>> lines);
 
 protected:
     void resizeEvent(QResizeEvent* event) override;

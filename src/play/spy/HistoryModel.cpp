@@ -27,6 +27,13 @@ void HistoryModel::clear()
     m_cleared = true;
 }
 
+void HistoryModel::showInstead(std::optional<std::deque<QString>> lines)
+{
+    beginResetModel();
+    m_instead = std::move(lines);
+    endResetModel();
+}
+
 int HistoryModel::rowsToDrop() const
 {
     const int rows = static_cast<int>(m_rows.size());
@@ -52,12 +59,12 @@ void HistoryModel::publish()
 
 int HistoryModel::rowCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
+    return parent.isValid() ? 0 : static_cast<int>(rows().size());
 }
 
 QVariant HistoryModel::data(const QModelIndex& index, int role) const
 {
     if (role != Qt::DisplayRole || !checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
-    return m_rows[static_cast<std::size_t>(index.row())];
+    return rows()[static_cast<std::size_t>(index.row())];
 }

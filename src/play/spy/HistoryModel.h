@@ -7,6 +7,7 @@
 
 #include <array>
 #include <deque>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -23,7 +24,9 @@ public:
 
     void append(std::string_view line);
     void clear();
-    bool hasNews() const { return m_cleared || m_waiting > 0; }
+    /// Shows these lines in the place of the history, which goes on behind them; nothing: the history again.
+    void showInstead(std::optional<std::deque<QString>> lines);
+    bool hasNews() const { return !m_instead && (m_cleared || m_waiting > 0); }
     /// How many of the rows publish() will take away at the top.
     int rowsToDrop() const;
     /// Makes rows of what has arrived since the last call.
@@ -33,7 +36,10 @@ public:
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
 
 private:
+    const std::deque<QString>& rows() const { return m_instead ? *m_instead : m_rows; }
+
     std::deque<QString> m_rows;
+    std::optional<std::deque<QString>> m_instead;
     std::array<std::string, limit> m_ring;
     int m_next = 0;    ///< where the next line goes in the ring
     int m_waiting = 0; ///< lines in the ring

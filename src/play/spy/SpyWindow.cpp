@@ -10,6 +10,7 @@
 #include "platform/Rounding.h"
 #include "play/spy/HistoryList.h"
 #include "play/spy/LineDelegate.h"
+#include "play/spy/VariableModel.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -19,10 +20,10 @@
 #include <QListView>
 #include <QScrollBar>
 #include <QSplitter>
-#include <QStringListModel>
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
@@ -88,7 +89,7 @@ SpyWindow::SpyWindow(CodeEditorPort& codeEditor)
     : m_codeEditor(codeEditor)
     , m_history(new HistoryList)
     , m_variables(new QListView)
-    , m_variableLines(new QStringListModel(this))
+    , m_variableLines(new VariableModel(this))
     , m_showState(makeStateLabel("ShowState", u"State"_s))
     , m_showSubstate(makeStateLabel("ShowSubstate", u"Substate"_s))
     , m_frames(new QCheckBox(u"Show &Frame Divisions"_s))
@@ -227,17 +228,47 @@ void SpyWindow::enableVariables()
 
 void SpyWindow::setVariables(const std::vector<std::string>& lines)
 {
-    QStringList texts;
-    texts.reserve(static_cast<qsizetype>(lines.size()));
-    for (const std::string& line : lines)
-        texts.append(forms::fromUtf8(line));
-    if (texts == m_variableLines->stringList())
+    m_variablesNow = lines;
+    if (!m_showsPast)
+        showVariables(lines, lines);
+}
+
+void SpyWindow::showVariables(const std::vector<std::string>& lines, const std::vector<std::string>& before)
+{
+    if (!m_variableLines->wouldChange(lines, before))
         return;
     const int first = m_variables->verticalScrollBar()->value();
-    m_variableLines->setStringList(texts);
+    m_variableLines->show(lines, before);
     m_variables->doItemsLayout();
     m_variables->verticalScrollBar()->setValue(
         first); // from step to step the list stays where the user reads
+}
+
+void SpyWindow::showPast(const PastPage& page)
+{
+    m_showsPast = true;
+    std::deque<QString> lines;
+    for (const std::string& line : page.history)
+        lines.push_back(forms::fromUtf8(line));
+    m_history->showInstead(std::move(lines));
+    m_variables->setEnabled(true);
+    showVariables(page.variables, page.variablesBefore);
+    showLabels(page.state, page.subState);
+}
+
+void SpyWindow::showNow()
+{
+    if (!std::exchange(m_showsPast, false))
+        return;
+    m_history->showInstead(std::nullopt);
+    showVariables(m_variablesNow, m_variablesNow);
+    refresh();
+}
+
+void SpyWindow::showLabels(const std::string& state, const std::string& subState)
+{
+    m_showState->setText(forms::fromUtf8(state));
+    m_showSubstate->setText(forms::fromUtf8(subState));
 }
 
 void SpyWindow::refreshSoon()
@@ -249,8 +280,8 @@ void SpyWindow::refreshSoon()
 void SpyWindow::refresh()
 {
     m_history->refresh();
-    m_showState->setText(forms::fromUtf8(m_state));
-    m_showSubstate->setText(forms::fromUtf8(m_subState));
+    if (!m_showsPast)
+        showLabels(m_state, m_subState);
 }
 
 void SpyWindow::History_DblClick()

@@ -14,7 +14,7 @@ class QCheckBox;
 class QLabel;
 class QLayout;
 class QListView;
-class QStringListModel;
+class VariableModel;
 
 /// Shows what the interpreter does: the history of the run, the current state, and the variables while it is
 /// paused. What arrives is shown at most 60 times a second; while nothing arrives, nothing is done.
@@ -33,6 +33,18 @@ public:
     void enableVariables() override;
     void setVariables(const std::vector<std::string>& lines) override;
 
+    /// What the window shows of a moment of the past.
+    struct PastPage {
+        std::vector<std::string> history;
+        std::string state;
+        std::string subState;
+        std::vector<std::string> variables;
+        std::vector<std::string> variablesBefore; ///< at the moment that was shown before it
+    };
+    void showPast(const PastPage& page);
+    /// What the run has come to, again.
+    void showNow();
+
     /// Takes the code editor to the line that the selected line of the history names.
     void History_DblClick();
 
@@ -46,11 +58,13 @@ private:
     QWidget* makeVariables();
     void refreshSoon();
     void refresh();
+    void showLabels(const std::string& state, const std::string& subState);
+    void showVariables(const std::vector<std::string>& lines, const std::vector<std::string>& before);
 
     CodeEditorPort& m_codeEditor;
     HistoryList* m_history;
     QListView* m_variables;
-    QStringListModel* m_variableLines;
+    VariableModel* m_variableLines;
     QLabel* m_showState;
     QLabel* m_showSubstate;
     QCheckBox* m_frames;
@@ -59,4 +73,6 @@ private:
     QTimer m_refresh{this};
     std::string m_state;
     std::string m_subState;
+    bool m_showsPast = false;
+    std::vector<std::string> m_variablesNow;
 };

@@ -1,0 +1,99 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "forms/Desk.h"
+#include "play/GameWindow.h"
+#include "play/spy/SpyWindow.h"
+#include "recording/Recording.h"
+#include "recording/Replay.h"
+#include "runtime/ZBInterpreter.h"
+
+#include <QObject>
+#include <QTimer>
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+/// Records every run of the game editor and takes its windows to any moment of the last one: the game window
+/// shows the picture of that moment, the spy window its history, state and variables. While a run is on it is
+/// paused for that, and "now" is where it waits.
+class TimeMachine : public QObject
+{
+    Q_OBJECT
+public:
+    struct Windows {
+        GameWindow& game;
+        SpyWindow& spy;
+        CodeEditorForm& code;
+    };
+    TimeMachine(ZBInterpreter& interpreter, Windows windows, PictureReader& pictures);
+    ~TimeMachine() override;
+
+    /// Nothing has been played, or nothing can be shown at this instant.
+    bool isEmpty() const { return m_recording.isEmpty(); }
+    /// What is shown: the last run, or its old ending.
+    const Recording& recording() const { return m_oldEndingShown ? *m_oldEnding : m_recording; }
+    PictureReader& pictures() { return m_pictures; }
+    bool isInPast() const { return m_isInPast; }
+    /// The moment that is shown; outside the past the last.
+    Moment moment();
+    Moment last();
+    /// The line that is about to run there; 0 between frames.
+    int line();
+    /// A run is on, so that there is a now to come back to.
+    bool isOn() const { return m_interpreter.isOn() && !m_oldEndingShown; }
+
+    /// Shows a moment. `resting`: the user stays there, so that all of the history is wanted.
+    void goTo(Moment moment, bool resting = true);
+    void stepForward();
+    void stepBack();
+    void moveFrames(std::int64_t frames);
+    /// Back to where the run waits, or to the end of one that is over.
+    void toNow();
+    /// Shows no past any more: nobody looks.
+    void leave();
+    /// A new run is about to begin: nothing is left of the last.
+    void forget();
+    /// The run that is shown goes on by itself at this instant.
+    bool isRunning() const { return isOn() && !m_interpreter.StepMode(); }
+    /// What the past is shown with has changed: the boxes of the spy window.
+    void refresh();
+    void setShowMap(bool on);
+
+    /// The run goes on from the moment that is shown, with the keys that are held now; what came after it is
+    /// kept as the old ending until the next run. False where that cannot be done now.
+    bool goOnFromHere(bool paused = false);
+    bool hasOldEnding() const { return m_oldEnding != nullptr; }
+    bool isOldEndingShown() const { return m_oldEndingShown; }
+    void showOldEnding(bool on);
+
+    /// The codes of the keys that are down at the moment that is shown.
+    std::vector<int> keysDown();
+    /// Presses or releases a key there. In the past the run then waits at that moment as now.
+    void toggleKey(int code);
+
+Q_SIGNALS:
+    /// Another moment is shown, or another run.
+    void changed();
+
+private:
+    Replay& replay();
+    void show(bool resting);
+
+    ZBInterpreter& m_interpreter;
+    Windows m_windows;
+    PictureReader& m_pictures;
+    Recording m_recording;
+    std::shared_ptr<Recording> m_oldEnding;
+    bool m_oldEndingShown = false;
+    std::unique_ptr<Replay> m_replay; ///< of what is shown; made when it is first asked for
+    std::uint64_t m_replayed = 0;     ///< the version of the recording that it was made for
+    bool m_isInPast = false;
+    bool m_showsMap = false;
+    std::vector<std::string> m_variables; ///< those that were shown last
+    QTimer m_rest;                        ///< after which all of the history is shown
+};
