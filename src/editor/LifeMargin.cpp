@@ -174,11 +174,11 @@ int LifeMargin::markedLineAt(const QPointF& place) const
 QString LifeMargin::tipAt(const QPoint& place) const
 {
     const QTextBlock block = m_view.blockAt(place.y());
-    const QString tip = m_lines.markAt(block).tip;
-    if (!m_lines.isMomentAt(block))
-        return tip;
-    const QString moment = u"This line is about to run."_s;
-    return tip.isEmpty() ? moment : moment + u'\n' + tip;
+    QStringList tips{m_lines.markAt(block).tip};
+    if (m_lines.isMomentAt(block))
+        tips.prepend(u"This line is about to run."_s);
+    tips.removeAll(QString());
+    return tips.join(u'\n');
 }
 
 bool LifeMargin::event(QEvent* event)
