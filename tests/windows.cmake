@@ -27,7 +27,8 @@ zb_window_test(SpriteTest sprites/FramePaintingTest.cpp sprites/SpriteFilesTest.
     LIBS zb_sprite_forms)
 zb_window_test(EditorTextTest editor/IndentationTest.cpp editor/ProgramTextTest.cpp editor/SharedTextTest.cpp
     editor/UndoRingTest.cpp LIBS zb_editor_forms)
-zb_window_test(CodeEditorTest editor/CodeEditorTest.cpp editor/RandomKeysTest.cpp LIBS zb_editor_forms)
+zb_window_test(CodeEditorTest editor/CodeEditorTest.cpp editor/LifeMarginTest.cpp editor/RandomKeysTest.cpp
+    LIBS zb_editor_forms)
 zb_window_test(PrintFormTest editor/PrintFormTest.cpp LIBS zb_editor_forms)
 # The same through the system's printing, where a queue can be made for it.
 add_test(NAME windows.PrintQueue

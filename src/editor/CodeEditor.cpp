@@ -153,6 +153,10 @@ void CodeEditor::connectText()
     connect(m_CodeView, &CodeView::focused, this, &CodeEditor::CodeView_GotFocus);
     connect(m_CodeView, &CodeView::textChanged, this, &CodeEditor::CodeView_Change);
     connect(m_CodeView, &CodeView::customContextMenuRequested, this, &CodeEditor::CodeView_ContextMenu);
+    connect(m_CodeView, &CodeView::lineAsked, this, [this](int line) {
+        if (m_lineAsked)
+            m_lineAsked(line);
+    });
 }
 
 /// Room for a program as programs are, and with large letters still on a small screen.
@@ -173,6 +177,11 @@ void CodeEditor::focusText()
 {
     activateWindow();
     m_CodeView->setFocus();
+}
+
+void CodeEditor::setLineAsked(std::function<void(int line)> lineAsked)
+{
+    m_lineAsked = std::move(lineAsked);
 }
 
 void CodeEditor::closeEvent(QCloseEvent* event)
@@ -232,6 +241,7 @@ bool CodeEditor::LoadFile(const QString& productPath)
         close();
         return false;
     }
+    m_CodeView->forgetRun();
     m_history.setText(loaded);
     placeCursor(0);
     m_desk.LogProgress(u"CodeEditor.LoadFile: loaded into CodeView"_s);
@@ -423,7 +433,7 @@ bool CodeEditor::AutoIndentAll()
         [&progress](int lineNumber, bool isBelowZero) { progress.tell(lineNumber, isBelowZero); });
     const bool isChanged = after.text != before;
     if (isChanged)
-        m_history.setText(after.text);
+        m_CodeView->runLines().keepLinesWhile([&] { m_history.setText(after.text); });
     progress.finish(after.isBelowZero);
     SetCursorPos(line, column, false);
     m_bars->showStatus(QString());

@@ -12,6 +12,10 @@
 #include <QHash>
 #include <QMainWindow>
 
+#include <functional>
+#include <utility>
+#include <vector>
+
 class EditorBars;
 class QAction;
 
@@ -38,6 +42,10 @@ public:
     void show() override;
     void SetCursorPos(int line, int column, bool wrap) override;
     void focusText() override;
+    void runBegins() override { m_CodeView->runBegins(); }
+    void showLineMarks(std::vector<LineMark> marks) override { m_CodeView->showLineMarks(std::move(marks)); }
+    void showMomentAt(int line) override { m_CodeView->showMomentAt(line); }
+    void setLineAsked(std::function<void(int line)> lineAsked) override;
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -52,6 +60,7 @@ private:
 
     void Form_Load();
     void makeMenus();
+    void makeViewMenu();
     void connectButtons();
     void connectText();
     void setFirstSize();
@@ -83,6 +92,7 @@ private:
     void DeleteMnu_Click();
     void HomeMnu_Click() { SetCursorPos(m_CurrentLine, 1, false); }
     void EndMnu_Click() { SetCursorPos(m_CurrentLine + 1, -1, true); }
+    void LifeMnu_Click(bool shown) { m_CodeView->setMarginWanted(shown); }
     void PrintButton_Click();
     void AutoIndentButton_Click();
 
@@ -114,6 +124,7 @@ private:
     WinCode m_winCode;
     QHash<int, QAction*> m_shortcuts; ///< by key with modifiers
     QAction* m_UndoMnu = nullptr;
+    std::function<void(int line)> m_lineAsked;
     std::string m_FileName;
     FileStamp m_stamp; ///< of the file as it was last read or written here
     bool m_Modified = false;

@@ -70,6 +70,18 @@ void CodeEditor::makeMenus()
     }
     m_UndoMnu = findChild<QAction*>(u"UndoMnu"_s);
     m_UndoMnu->setEnabled(false);
+    makeViewMenu();
+}
+
+void CodeEditor::makeViewMenu()
+{
+    QMenu* menu = menuBar()->addMenu(u"&View"_s);
+    menu->setObjectName(u"ViewMnu"_s);
+    QAction* life = menu->addAction(u"Show How the Run &Went"_s);
+    life->setObjectName(u"LifeMnu"_s);
+    life->setCheckable(true);
+    life->setChecked(true);
+    connect(life, &QAction::toggled, this, &CodeEditor::LifeMnu_Click);
 }
 
 QAction* CodeEditor::makeAction(const MenuItem& item)

@@ -3,10 +3,14 @@
 
 #include "editor/CodeView.h"
 
+#include "editor/LifeMargin.h"
 #include "editor/ProgramText.h"
 
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QPainter>
+#include <QScrollBar>
+#include <QTextBlock>
 
 #include <utility>
 
@@ -50,6 +54,8 @@ bool typesCharacter(const QKeyEvent& event)
 CodeView::CodeView(KeyHandler usesKey, QWidget* parent)
     : QPlainTextEdit(parent)
     , m_usesKey(std::move(usesKey))
+    , m_runLines(*document())
+    , m_margin(new LifeMargin(*this, m_runLines))
 {
     setObjectName(u"CodeView"_s);
     setAccessibleName(u"Program text"_s);
@@ -59,6 +65,8 @@ CodeView::CodeView(KeyHandler usesKey, QWidget* parent)
     setFrameShape(NoFrame);
     setCursorWidth(2);
     document()->setDocumentMargin(8);
+    connect(this, &QPlainTextEdit::updateRequest, m_margin, &LifeMargin::follow);
+    connect(m_margin, &LifeMargin::lineAsked, this, &CodeView::lineAsked);
 }
 
 QString CodeView::selectedText() const
@@ -167,4 +175,117 @@ void CodeView::insertFromMimeData(const QMimeData* source)
         return;
     textCursor().insertText(ProgramText::fromClipboard(source->text()));
     ensureCursorVisible();
+}
+
+// How the last run went through the lines
+
+QTextBlock CodeView::blockAt(int y) const
+{
+    QTextBlock found;
+    forEachSeenLine(QRect(0, y, 1, 1), [&found](const QTextBlock& block, const QRectF&) { found = block; });
+    return found;
+}
+
+void CodeView::forEachSeenLine(const QRect& part, const SeenLine& visit) const
+{
+    QTextBlock block = firstVisibleBlock();
+    for (qreal top = blockBoundingGeometry(block).translated(contentOffset()).top();
+         block.isValid() && top <= part.bottom(); block = block.next()) {
+        const QRectF place(0, top, viewport()->width(), blockBoundingRect(block).height());
+        top = place.bottom();
+        if (top > part.top())
+            visit(block, place);
+    }
+}
+
+void CodeView::runBegins()
+{
+    m_runLines.begin();
+    showRun();
+}
+
+void CodeView::forgetRun()
+{
+    m_runLines.forget();
+    showRun();
+}
+
+void CodeView::showLineMarks(std::vector<LineMark> marks)
+{
+    m_runLines.setMarks(std::move(marks));
+    showRun();
+}
+
+void CodeView::showMomentAt(int line)
+{
+    m_runLines.setMoment(line);
+    showRun();
+    const QTextBlock block = m_runLines.momentBlock();
+    if (block.isValid() && isVisible())
+        bringIntoView(block);
+}
+
+void CodeView::setMarginWanted(bool wanted)
+{
+    m_isMarginWanted = wanted;
+    placeMargin();
+}
+
+void CodeView::showRun()
+{
+    placeMargin();
+    m_margin->update();
+    viewport()->update();
+}
+
+void CodeView::placeMargin()
+{
+    const bool isShown = m_isMarginWanted && m_runLines.hasMarks();
+    const int width = isShown ? m_margin->wishedWidth() : 0;
+    if (viewportMargins().left() != width)
+        setViewportMargins(width, 0, 0, 0);
+    m_margin->setGeometry(viewport()->x() - width, viewport()->y(), width, viewport()->height());
+    m_margin->setVisible(isShown);
+}
+
+/// With some lines around it. Where it is seen already nothing moves: stepping on should not make one dizzy.
+void CodeView::bringIntoView(const QTextBlock& block)
+{
+    bool isSeen = false;
+    int lines = 0;
+    forEachSeenLine(viewport()->rect(), [&](const QTextBlock& seen, const QRectF& place) {
+        ++lines;
+        isSeen |= seen == block && viewport()->rect().contains(place.toAlignedRect());
+    });
+    if (!isSeen)
+        verticalScrollBar()->setValue(block.blockNumber() - lines / 3); // a line is a step of the bar
+}
+
+void CodeView::changeEvent(QEvent* event)
+{
+    QPlainTextEdit::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        placeMargin();
+}
+
+void CodeView::resizeEvent(QResizeEvent* event)
+{
+    QPlainTextEdit::resizeEvent(event);
+    placeMargin();
+}
+
+void CodeView::paintEvent(QPaintEvent* event)
+{
+    if (m_runLines.hasMoment())
+        paintMoment(event->rect());
+    QPlainTextEdit::paintEvent(event);
+}
+
+void CodeView::paintMoment(const QRect& part)
+{
+    QPainter painter(viewport());
+    forEachSeenLine(part, [&](const QTextBlock& block, const QRectF& place) {
+        if (m_runLines.isMomentAt(block))
+            painter.fillRect(place, LifeMargin::bandColor(palette()));
+    });
 }

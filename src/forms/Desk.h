@@ -3,12 +3,17 @@
 
 #pragma once
 
+#include "forms/LineMarks.h"
 #include "platform/Installation.h"
 #include "platform/PictureReader.h"
 #include "runtime/Ports.h"
 #include "runtime/ZB.h"
 
 #include <QString>
+
+#include <functional>
+#include <string>
+#include <vector>
 
 class QWidget;
 
@@ -27,6 +32,18 @@ public:
     /// Closes the window for good (sets AllowClose first) and deletes it later.
     virtual void closeForGood() = 0;
     virtual QWidget* widget() = 0;
+
+    /// The text as it is now is what is about to run: marks, moments and questions count its lines, whatever
+    /// is changed in the text box from now on. What was shown of the run before goes.
+    virtual void runBegins() = 0;
+    /// Shows beside each line how the run went through it; the first mark is that of line 1. None at all take
+    /// the margin away.
+    virtual void showLineMarks(std::vector<LineMark> marks) = 0;
+    /// Shows the line that is about to run at the moment that is looked at, 0 for none, and brings it into
+    /// view. Cursor and keyboard stay where they are.
+    virtual void showMomentAt(int line) = 0;
+    /// Who is told when the mark of a line is clicked.
+    virtual void setLineAsked(std::function<void(int line)> lineAsked) = 0;
 };
 
 /// What a window asks of the program around it: the shared state and the other windows. The program

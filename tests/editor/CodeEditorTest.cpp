@@ -554,6 +554,7 @@ TEST_F(CodeEditorTest, EveryItemIsThereAndTheIdleOnesCannotBeChosen)
         {"HomeMnu", "&Beginning of Line", "Ctrl+A", true},
         {"EndMnu", "&End of Line", "Ctrl+E", true},
         {"FontMnu", "&Font...", "", false},
+        {"LifeMnu", "Show How the Run &Went", "", true},
     };
     for (const auto& item : items) {
         const auto* action = find<QAction>(item.name);

@@ -8,6 +8,10 @@
 
 #include <QImage>
 
+#include <functional>
+#include <utility>
+#include <vector>
+
 /// A code editor without a window: a text, and a record of what it was asked to do.
 class PretendCodeEditor : public CodeEditorForm
 {
@@ -35,10 +39,18 @@ public:
     bool isModified() const override { return modified; }
     void closeForGood() override { closed = true; }
     QWidget* widget() override { return nullptr; }
+    void runBegins() override { ++runs; }
+    void showLineMarks(std::vector<LineMark> marks) override { lineMarks = std::move(marks); }
+    void showMomentAt(int line) override { moment = line; }
+    void setLineAsked(std::function<void(int line)> asked) override { lineAsked = std::move(asked); }
 
     std::string program;
     QString loaded;
     QString moves;
+    std::vector<LineMark> lineMarks;
+    std::function<void(int line)> lineAsked;
+    int moment = 0;
+    int runs = 0;
     int saves = 0;
     bool saveWorks = true;
     bool visible = false;
