@@ -203,7 +203,7 @@ TEST_F(TimeTravel, SurvivesWindowsThatCloseInTheMiddle)
         click(u"PlayButton"); // a new run, while the old one is played again
         co_await played();
         EXPECT_FALSE(isPast());
-        co_await until([this] { return slider()->maximum() >= 5; });
+        co_await until([this] { return counterNow() >= 6; });
         drag(1);
         EXPECT_TRUE(co_await past(QStringLiteral("1")));
         press(u"PlayBack");

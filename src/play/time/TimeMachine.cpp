@@ -192,6 +192,7 @@ void TimeMachine::forget()
     m_oldEnding.reset();
     m_replay.reset();
     m_variables.clear();
+    Q_EMIT forgotten();
     leave();
 }
 

@@ -79,6 +79,8 @@ public:
 Q_SIGNALS:
     /// Another moment is shown, or another run.
     void changed();
+    /// A new run is about to begin, which nobody is to disturb.
+    void forgotten();
 
 private:
     Replay& replay();

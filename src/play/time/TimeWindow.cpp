@@ -99,6 +99,10 @@ TimeWindow::TimeWindow(TimeMachine& machine)
     m_player.setTimerType(Qt::PreciseTimer);
     m_player.callOnTimeout(this, &TimeWindow::playOn);
     connect(&m_machine, &TimeMachine::changed, this, &TimeWindow::refresh);
+    connect(&m_machine, &TimeMachine::forgotten, this, [this] {
+        stopPlaying();
+        m_seek.stop();
+    });
     refresh();
 }
 
