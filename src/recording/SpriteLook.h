@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: 2026 The Zorbino team
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "runtime/RunState.h"
+
+#include <cstddef>
+#include <span>
+
+/// The sprite that ME, or IT, stands for; null where there is none.
+inline const ZBSprite* boundSprite(const RunState& run, bool isIt)
+{
+    if (!(isIt ? run.itValid : run.meValid))
+        return nullptr;
+    const auto& detached = isIt ? run.detachedIt : run.detachedMe;
+    return detached ? &*detached : &run.sprites[static_cast<std::size_t>(isIt ? run.it : run.me)];
+}
+
+/// In table order: later ones are drawn over those before.
+inline std::span<const ZBSprite> liveSprites(const RunState& run)
+{
+    return {run.sprites.data(), static_cast<std::size_t>(run.spriteCount)};
+}
