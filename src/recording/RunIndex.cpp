@@ -5,7 +5,7 @@
 
 #include "language/ZBLMethodExp.h"
 #include "language/ZBLMutateExp.h"
-#include "recording/SpriteLook.h"
+#include "recording/RunLook.h"
 
 #include <algorithm>
 #include <bit>
@@ -79,6 +79,12 @@ std::uint64_t nextValue(VarintLog::Reader& log, std::uint64_t before)
         return log.next();
     const auto from = static_cast<std::int64_t>(std::bit_cast<double>(before));
     return bitsOf(static_cast<double>(from + unfolded(code >> 1U)));
+}
+
+/// The other sprite of a hit: its class, and whether it is the one whose block runs.
+std::uint64_t packed(std::int32_t classIndex, bool isMe)
+{
+    return static_cast<std::uint64_t>(classIndex + 1) * 2 + (isMe ? 1 : 0);
 }
 
 } // namespace
@@ -221,8 +227,12 @@ void RunIndex::eventBegins(EventName event)
     settle();
     const ZBSprite* const me = boundSprite(run(), false);
     const ZBSprite* const it = boundSprite(run(), true);
-    if (event == EventName::Collision && me && it)
-        happens(Happening::Hit, *me, next(), run().position.block->openingLine(), it->classIndex);
+    if (event != EventName::Collision || !me || !it)
+        return;
+    const int line = run().position.block->openingLine();
+    happens(Happening::Hit, *me, next(), line, packed(it->classIndex, false));
+    if (it->classIndex != me->classIndex)
+        happens(Happening::Hit, *it, next(), line, packed(me->classIndex, true));
 }
 
 void RunIndex::stateEntered()
@@ -322,7 +332,7 @@ void RunIndex::write(VariableRecord& variable)
     m_bytes += variable.log.bytes() - before;
 }
 
-void RunIndex::happens(Happening what, const ZBSprite& sprite, Moment moment, int line, int otherClass)
+void RunIndex::happens(Happening what, const ZBSprite& sprite, Moment moment, int line, std::uint64_t other)
 {
     constexpr std::array marks = {MarkKind::Creation, MarkKind::Destruction, MarkKind::Collision};
     const auto kind = static_cast<std::size_t>(what);
@@ -347,7 +357,7 @@ void RunIndex::happens(Happening what, const ZBSprite& sprite, Moment moment, in
         record.written = last.frame;
         m_bytes += record.log.bytes() - before;
     }
-    last = {frame(), moment.statement, line, 1, static_cast<std::uint64_t>(otherClass + 1)};
+    last = {frame(), moment.statement, line, 1, other};
 }
 
 void RunIndex::mark(MarkKind kind, Moment moment, int line)

@@ -51,7 +51,8 @@ public:
         Moment moment;
         int line = 0; ///< of the statement; of the opening line of the COLLISION block
         std::int32_t times = 1;
-        int otherClass = -1; ///< Hit: that of IT
+        int otherClass = -1; ///< Hit: that of the other one
+        bool isIt = false;   ///< Hit: it was touched by the other one, whose block ran
     };
     struct StateEntry {
         Moment moment;
@@ -71,6 +72,8 @@ public:
     bool extend(std::int64_t frames);
     /// Frames that have been looked at.
     std::int64_t frames() const { return m_frames; }
+    /// Whole frames before the last one that was looked at, which may have ended in a mistake; -1: none.
+    std::int64_t lastFrame() const { return m_frames - (m_hasMistake ? 0 : 1); }
     /// Changes when it has begun anew.
     std::uint64_t version() const { return m_version; }
     /// Too much has happened: what was found first is all there is.
@@ -157,7 +160,7 @@ private:
     void settle();
     void changed(VariableRecord& variable, std::uint64_t value);
     void write(VariableRecord& variable);
-    void happens(Happening what, const ZBSprite& sprite, Moment moment, int line, int otherClass = -1);
+    void happens(Happening what, const ZBSprite& sprite, Moment moment, int line, std::uint64_t other = 0);
     void mark(MarkKind kind, Moment moment, int line);
     VariableRecord& variableOf(const Effect& effect);
     std::uint64_t valueOf(const Effect& effect) const;

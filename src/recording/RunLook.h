@@ -22,3 +22,15 @@ inline std::span<const ZBSprite> liveSprites(const RunState& run)
 {
     return {run.sprites.data(), static_cast<std::size_t>(run.spriteCount)};
 }
+
+/// The value of a variable; no kind where it has not been set.
+inline ZBLValueExp valueOf(const RunState& run, const ZBLVarExp& variable)
+{
+    const auto slot = static_cast<std::size_t>(variable.slot);
+    if (variable.type == ValueKind::Counter) {
+        const double number = run.variables.counters[slot];
+        return number == number ? ZBLValueExp::counter(number) : ZBLValueExp();
+    }
+    Text text = run.variables.texts[slot];
+    return text ? ZBLValueExp::text(text) : ZBLValueExp();
+}
