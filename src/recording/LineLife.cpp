@@ -3,6 +3,7 @@
 
 #include "recording/LineLife.h"
 
+#include "language/ZBLIfExp.h"
 #include "platform/TextFile.h"
 #include "recording/ChildWords.h"
 
@@ -94,17 +95,27 @@ std::string LineLife::waitingText(int line) const
     return "This line has not run yet: its block has always ended before it came here.";
 }
 
+/// Whether something has run in the same branch of the if around that line.
+bool LineLife::hasBranchRun(const ProgramLines::Line& here) const
+{
+    const ProgramLines& lines = m_index.lines();
+    const auto& branch = static_cast<const ZBLIfExp&>(*lines.line(here.aroundIf).statement);
+    const int from = here.isInElse ? branch.thenEnd() : here.aroundIf;
+    const int to = here.isInElse ? branch.elseEnd() : branch.thenEnd();
+    for (int line = from + 1; line < to; ++line)
+        if (m_index.timesRun(line) > 0)
+            return true;
+    return false;
+}
+
 std::string LineLife::ifWaits(int line) const
 {
     ProgramLines::Line here = m_index.lines().line(line);
-    int around = here.aroundIf;
-    while (m_index.timesRun(around) == 0 && m_index.lines().line(around).aroundIf != 0) {
-        here = m_index.lines().line(around);
-        around = here.aroundIf;
-    }
-    if (m_index.timesRun(around) == 0)
+    while (m_index.timesRun(here.aroundIf) == 0 && m_index.lines().line(here.aroundIf).aroundIf != 0)
+        here = m_index.lines().line(here.aroundIf);
+    if (m_index.timesRun(here.aroundIf) == 0 || hasBranchRun(here))
         return "This line has not run yet: its block has always ended before it came here.";
-    return "This line has not run yet: the if in line " + std::to_string(around) +
+    return "This line has not run yet: the if in line " + std::to_string(here.aroundIf) +
            (here.isInElse ? " has always been true so far." : " has never been true so far.");
 }
 

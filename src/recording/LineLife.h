@@ -37,6 +37,7 @@ private:
     std::string shadowText(const Block& block) const;
     std::string waitingText(int line) const;
     std::string blockWaits(const Block& block) const;
+    bool hasBranchRun(const ProgramLines::Line& here) const;
     std::string ifWaits(int line) const;
     const std::string& className(const Block& block) const;
 

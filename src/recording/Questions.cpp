@@ -268,9 +268,10 @@ public:
         settle();
         ++m_statement;
         const ZBLStatement* const statement = m_lines.line(line).statement;
-        std::string text = "line " + std::to_string(line) + ": " + std::string((*m_run.lines)[line]);
-        if (text.ends_with('{'))
-            text.pop_back();
+        std::string_view written = (*m_run.lines)[line];
+        if (written.ends_with('{'))
+            written = trimSpaces(written.substr(0, written.size() - 1));
+        std::string text = "line " + std::to_string(line) + ": " + std::string(written);
         if (!statement || isFull())
             return add(now(), line, std::move(text));
         const std::string more = m_explainer.explain(m_run, *statement);
@@ -285,12 +286,12 @@ public:
         settle();
         const ZBSprite* const me = boundSprite(m_run, false);
         const ZBSprite* const it = boundSprite(m_run, true);
-        std::string text;
-        if (event == EventName::Collision && me && it)
-            text = withArticle(*me->className) + " touched " + withArticle(*it->className);
-        else if (me)
-            text = upperCase(wordFor(event)) + " of " + withArticle(*me->className);
-        add(next(), m_run.position.block->openingLine(), std::move(text));
+        if (!me)
+            return;
+        add(next(), openingLineOf(m_run, *me, event),
+            event == EventName::Collision && it
+                ? withArticle(*me->className) + " touched " + withArticle(*it->className)
+                : upperCase(wordFor(event)) + " of " + withArticle(*me->className));
     }
     void eventEnds() override { settle(); }
     void stateEntered() override

@@ -229,7 +229,7 @@ void RunIndex::eventBegins(EventName event)
     const ZBSprite* const it = boundSprite(run(), true);
     if (event != EventName::Collision || !me || !it)
         return;
-    const int line = run().position.block->openingLine();
+    const int line = openingLineOf(run(), *me, event);
     happens(Happening::Hit, *me, next(), line, packed(it->classIndex, false));
     if (it->classIndex != me->classIndex)
         happens(Happening::Hit, *it, next(), line, packed(me->classIndex, true));

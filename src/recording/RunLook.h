@@ -34,3 +34,12 @@ inline ZBLValueExp valueOf(const RunState& run, const ZBLVarExp& variable)
     Text text = run.variables.texts[slot];
     return text ? ZBLValueExp::text(text) : ZBLValueExp();
 }
+
+/// The line that opens the block which the sprite's class has for the event; 0 for none.
+inline int openingLineOf(const RunState& run, const ZBSprite& sprite, EventName event)
+{
+    if (sprite.classIndex < 0)
+        return 0;
+    const Program::ClassCode& owner = run.program->classes[static_cast<std::size_t>(sprite.classIndex)];
+    return owner.events[static_cast<std::size_t>(event)].openingLine();
+}

@@ -114,7 +114,7 @@ public:
         const ZBSprite* const it = boundSprite(m_run, true);
         if (event != EventName::Collision || !me || !it)
             return;
-        const Deed deed{next(), m_run.position.block->openingLine()};
+        const Deed deed{next(), openingLineOf(m_run, *me, event)};
         if (me->uniqueId == m_id)
             deeds.ran = deed;
         if (it->uniqueId == m_id)

@@ -19,7 +19,7 @@ int spriteAt(const RunState& run, int x, int y);
 struct CardLine {
     std::string text;
     int line = 0; ///< 0: none
-    std::optional<Moment> moment;
+    std::optional<Moment> moment = {};
 };
 
 struct SpriteCard {
