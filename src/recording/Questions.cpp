@@ -4,6 +4,7 @@
 #include "recording/Questions.h"
 
 #include "language/ZBLMutateExp.h"
+#include "platform/NumberText.h"
 #include "platform/TextFile.h"
 #include "recording/ChildWords.h"
 #include "recording/Explanation.h"
