@@ -458,8 +458,11 @@ std::vector<RunIndex::ClassEvent> RunIndex::happenedTo(int classIndex, Happening
     if (classIndex < 0 || index >= m_events.size())
         return events;
     const auto add = [&](const Entry& entry) {
-        events.push_back(
-            {{entry.frame, entry.statement}, entry.line, entry.times, static_cast<int>(entry.value) - 1});
+        events.push_back({{entry.frame, entry.statement},
+                          entry.line,
+                          entry.times,
+                          static_cast<int>(entry.value >> 1U) - 1,
+                          (entry.value & 1U) != 0});
     };
     Entry entry;
     for (VarintLog::Reader log(m_events[index].log); !log.atEnd();) {

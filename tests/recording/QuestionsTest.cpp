@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 // Runs with planted situations, and what a child gets to know of them.
 
 namespace
@@ -72,6 +74,33 @@ set counter$won counter$stars
 change counter$score 100
 }loop
 }won
+}states
+}program
+)";
+
+// The ball touches the apple in its third frame, and then goes back.
+const char* const meetingProgram = R"(program{
+classes{
+ball{
+normal{
+move me
+}normal
+collision{
+setposition me -50 -50 0
+}collision
+}ball
+apple{
+}apple
+}classes
+states{
+begin{
+initialize{
+create ball 1 "dot" 0 4 -20 0 0
+create apple 1 "dot" 0 0 1 0 0
+}initialize
+loop{
+}loop
+}begin
 }states
 }program
 )";
@@ -143,6 +172,31 @@ TEST(Questions, EveryAnswerLeadsToItsLine)
         }
     }
     EXPECT_GT(sought, 6);
+}
+
+TEST(Questions, AHitIsToldToBothWhoTouch)
+{
+    RecordedGame game(meetingProgram, 4);
+    const Questions questions(game.index);
+    EXPECT_EQ(textsOf(questions.answer(questionOf(questions, "When was a ball hit?"))),
+              std::vector<std::string>{"Frame 3, line 7: a ball touched an apple"});
+    EXPECT_EQ(textsOf(questions.answer(questionOf(questions, "When was an apple hit?"))),
+              std::vector<std::string>{"Frame 3, line 7: a ball touched an apple"});
+    const auto replay = game.replay();
+    SpriteStory story(game.recording, *replay, &game.index);
+    for (const auto& [frame, sprite, text] :
+         {std::tuple(3, 0, "Its COLLISION block ran in this frame."),
+          std::tuple(3, 1, "Another sprite moved against it: the COLLISION block of that one ran."),
+          std::tuple(2, 0, "It touches nothing now"),
+          std::tuple(2, 0, "Class ball has a COLLISION block, which did not run in this frame.")}) {
+        replay->seek({frame, 0});
+        const auto card = story.card(sprite);
+        ASSERT_TRUE(card);
+        int found = 0;
+        for (const CardLine& line : card->touches)
+            found += line.text.starts_with(text) ? 1 : 0;
+        EXPECT_EQ(found, 1) << text;
+    }
 }
 
 TEST(Questions, AListEndsAtItsLimitAroundTheMoment)

@@ -11,9 +11,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 /// A run of a small program, recorded, with its index.
 class RecordedGame
@@ -39,7 +41,12 @@ public:
         for (int i = 0; i < frames; ++i)
             m_game.player.playFrame();
     }
-    const std::vector<std::string>& output() const { return m_game.output; }
+    /// What came after the moment is forgotten.
+    void goOnFrom(const Replay& replay)
+    {
+        m_game.context().restore(replay.state());
+        recording.goOn(m_game.context());
+    }
     /// The number of the first line with that text in it; 0 where there is none.
     int lineOf(std::string_view text) const
     {

@@ -173,6 +173,23 @@ TEST(RunIndex, SlicesAndGrowthMakeNoDifference)
               whole.index.changesOf(ValueKind::Counter, 0).size());
 }
 
+TEST(RunIndex, BeginsAnewWhereARunGoesOnFromThePast)
+{
+    RecordedGame game(programOf({.initialize = "set counter$a 0", .loop = "change counter$a 1"}), 20);
+    const std::uint64_t version = game.index.version();
+    const auto replay = game.replay();
+    replay->seek({5, 0});
+    game.goOnFrom(*replay);
+    while (game.index.extend(100))
+        ;
+    EXPECT_NE(game.index.version(), version);
+    EXPECT_EQ(game.index.frames(), 5);
+    EXPECT_EQ(game.index.changesOf(ValueKind::Counter, 0).size(), 6U);
+    game.playOn(2);
+    EXPECT_FALSE(game.index.extend(100));
+    EXPECT_EQ(game.index.changesOf(ValueKind::Counter, 0).size(), 8U);
+}
+
 TEST(RunIndex, SpritesComeGoAndMeet)
 {
     RecordedGame game(busyProgram, 40);
