@@ -170,7 +170,7 @@ private:
 std::vector<Explained> explain(Replay& replay, Moment upTo, std::size_t lastStatements)
 {
     constexpr std::int64_t mostFrames = 512;
-    std::int64_t from = upTo.frame;
+    std::int64_t from = 0;
     StatementCounter counter;
     for (std::int64_t back = 2;; back *= 4) {
         from = std::max<std::int64_t>(upTo.frame - back, 0);

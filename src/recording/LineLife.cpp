@@ -128,7 +128,7 @@ std::string LineLife::blockWaits(const Block& block) const
                states[static_cast<std::size_t>(block.stateIndex)].stateName();
     }
     const std::string& name = className(block);
-    const std::string begin = "This " + upperCase(wordFor(block.event)) + " block has not happened yet: ";
+    std::string begin = "This " + upperCase(wordFor(block.event)) + " block has not happened yet: ";
     switch (block.event) {
     case EventName::Normal:
         return begin + "there has been no " + name;

@@ -25,14 +25,14 @@ std::uint64_t bitsOf(double number)
 
 std::uint64_t bitsOf(Text text)
 {
-    return reinterpret_cast<std::uintptr_t>(text);
+    return std::bit_cast<std::uintptr_t>(text);
 }
 
 ZBLValueExp valueFrom(ValueKind kind, std::uint64_t bits)
 {
     if (kind == ValueKind::Counter)
         return bits == unsetCounter ? ZBLValueExp() : ZBLValueExp::counter(std::bit_cast<double>(bits));
-    const auto* const text = reinterpret_cast<Text>(static_cast<std::uintptr_t>(bits));
+    const auto* const text = std::bit_cast<Text>(static_cast<std::uintptr_t>(bits));
     return text ? ZBLValueExp::text(text) : ZBLValueExp();
 }
 
