@@ -291,7 +291,17 @@ void Replay::watch(std::int64_t from, std::int64_t to, RunWatcher& watcher,
     if (goesOn && to > m_recording.frames() && m_recording.isBroken())
         static_cast<void>(playFrame());
     m_context.trace().setWatcher(nullptr);
-    static_cast<void>(m_context.takeFaults());
-    m_isValid = false;
+    if (m_isValid)
+        m_moment = {state().tick, noStatement};
     m_isPictureThere = false;
+}
+
+void Replay::watchTo(std::int64_t from, Moment to, RunWatcher& watcher)
+{
+    if (m_recording.isEmpty())
+        return;
+    startAt(from);
+    m_context.trace().setWatcher(&watcher);
+    playOnTo(to);
+    m_context.trace().setWatcher(nullptr);
 }

@@ -58,9 +58,13 @@ public:
     void setShowMap(bool on);
 
     /// Plays from the end of one frame to the end of another, or into the frame that broke the run, while
-    /// somebody looks on. `eachFrame` is asked after each whether to go on. Leaves no moment.
+    /// somebody looks on. `eachFrame` is asked after each whether to go on. Stands at the end of the last
+    /// whole frame that it has played, so that going on from there costs nothing.
     void watch(std::int64_t from, std::int64_t to, RunWatcher& watcher,
                const std::function<bool(const RunState&)>& eachFrame);
+    /// Plays from the end of a frame to a moment that the recording has, while somebody looks on, and stands
+    /// there. The statement that waits there has been announced.
+    void watchTo(std::int64_t from, Moment to, RunWatcher& watcher);
 
 private:
     // GameScreen, SpyPort

@@ -30,6 +30,9 @@ public:
     virtual void stateEntered() = 0;
     /// A pause statement ends the frame.
     virtual void pauses(int line) = 0;
+    /// The create statement at `line`, which is not announced, has run: the new sprite is the last live one.
+    /// Where it made a mistake the run has been reset.
+    virtual void created(int line) = 0;
 };
 
 /// Writes the history of a run, and keeps the labels of the spy window up to date.
@@ -62,6 +65,11 @@ public:
     void TraceIfEnd();
     /// `depth` is that of the ifs around which nobody has counted.
     void TracePause(int line, int depth);
+    void TraceCreate(int line)
+    {
+        if (m_watcher)
+            m_watcher->created(line);
+    }
     /// The frame box of four lines.
     void TraceFrame();
 

@@ -29,6 +29,7 @@ public:
     const std::string& getName() const { return m_name; }
     const GraphicDescription& description() const { return m_sheet.description(); }
     const Surface& picture() const { return m_sheet.picture(); }
+    const SpriteSheet& sheet() const { return m_sheet; }
 
     /// Whether it shows another frame as time goes by.
     bool isAnimated() const
