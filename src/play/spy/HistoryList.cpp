@@ -56,9 +56,10 @@ void HistoryList::selectLastLine()
     scrollToBottom();
 }
 
-void HistoryList::showInstead(std::optional<std::deque<QString>> lines)
+void HistoryList::showInstead(std::optional<std::deque<QString>> lines,
+                              std::deque<QString> explanations)
 {
-    m_model->showInstead(std::move(lines));
+    m_model->showInstead(std::move(lines), std::move(explanations));
     selectLastLine();
 }
 

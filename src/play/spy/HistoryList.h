@@ -20,7 +20,7 @@ public:
     void refresh();
     void selectLastLine();
     /// Shows these lines, the last selected, in the place of the history; nothing: the history again.
-    void showInstead(std::optional<std::deque<QString>> lines);
+    void showInstead(std::optional<std::deque<QString>> lines, std::deque<QString> explanations);
 
 protected:
     void resizeEvent(QResizeEvent* event) override;

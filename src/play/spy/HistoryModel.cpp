@@ -27,10 +27,12 @@ void HistoryModel::clear()
     m_cleared = true;
 }
 
-void HistoryModel::showInstead(std::optional<std::deque<QString>> lines)
+void HistoryModel::showInstead(std::optional<std::deque<QString>> lines,
+                               std::deque<QString> explanations)
 {
     beginResetModel();
     m_instead = std::move(lines);
+    m_explanations = std::move(explanations);
     endResetModel();
 }
 
@@ -64,7 +66,12 @@ int HistoryModel::rowCount(const QModelIndex& parent) const
 
 QVariant HistoryModel::data(const QModelIndex& index, int role) const
 {
-    if (role != Qt::DisplayRole || !checkIndex(index, CheckIndexOption::IndexIsValid))
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
-    return rows()[static_cast<std::size_t>(index.row())];
+    const auto row = static_cast<std::size_t>(index.row());
+    if (role == explanationRole && row < m_explanations.size())
+        return m_explanations[row];
+    if (role != Qt::DisplayRole)
+        return {};
+    return rows()[row];
 }

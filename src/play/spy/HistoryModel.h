@@ -21,11 +21,14 @@ public:
     using QAbstractListModel::QAbstractListModel;
 
     static constexpr int limit = 500;
+    /// What is to be said beside a line; the line itself stays as it was written.
+    static constexpr int explanationRole = Qt::UserRole;
 
     void append(std::string_view line);
     void clear();
-    /// Shows these lines in the place of the history, which goes on behind them; nothing: the history again.
-    void showInstead(std::optional<std::deque<QString>> lines);
+    /// Shows these lines, and what is to be said beside each, in the place of the history, which goes on behind
+    /// them; nothing: the history again.
+    void showInstead(std::optional<std::deque<QString>> lines, std::deque<QString> explanations);
     bool hasNews() const { return !m_instead && (m_cleared || m_waiting > 0); }
     /// How many of the rows publish() will take away at the top.
     int rowsToDrop() const;
@@ -40,6 +43,7 @@ private:
 
     std::deque<QString> m_rows;
     std::optional<std::deque<QString>> m_instead;
+    std::deque<QString> m_explanations; ///< of the lines in its place
     std::array<std::string, limit> m_ring;
     int m_next = 0;    ///< where the next line goes in the ring
     int m_waiting = 0; ///< lines in the ring

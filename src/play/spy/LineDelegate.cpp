@@ -3,6 +3,10 @@
 
 #include "play/spy/LineDelegate.h"
 
+#include "play/spy/HistoryModel.h"
+
+#include <QPainter>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -11,6 +15,13 @@ namespace
 {
 
 constexpr qsizetype longestShown = 1000; // laying a megabyte out takes seconds
+
+/// In characters, with the gap in front of it.
+qsizetype explanationSize(const QModelIndex& index)
+{
+    const qsizetype size = index.data(HistoryModel::explanationRole).toString().size();
+    return size > 0 ? size + 6 : 0;
+}
 
 } // namespace
 
@@ -29,13 +40,33 @@ void LineDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelInd
         option->state &= ~QStyle::State_Selected;
 }
 
+void LineDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                         const QModelIndex& index) const
+{
+    QStyledItemDelegate::paint(painter, option, index);
+    const QString explanation = index.data(HistoryModel::explanationRole).toString();
+    if (explanation.isEmpty())
+        return;
+    constexpr int gap = 24;
+    const int begin =
+        gap + option.fontMetrics.horizontalAdvance(displayText(index.data(), option.locale));
+    const bool isSelected = option.state.testFlag(QStyle::State_Selected);
+    painter->save();
+    painter->setFont(option.font);
+    painter->setPen(option.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Link));
+    painter->drawText(option.rect.adjusted(begin, 0, 0, 0), Qt::AlignVCenter | Qt::TextSingleLine,
+                      u"\u25c2 "_s + explanation);
+    painter->restore();
+}
+
 QSize LineDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
     // Asked for once per layout, about the first line.
     const QAbstractItemModel& lines = *index.model();
     qsizetype longest = 0;
     for (int row = lines.rowCount() - 1; row >= 0; --row)
-        longest = std::max(longest, lines.index(row, 0).data().toString().size());
+        longest = std::max(longest, lines.index(row, 0).data().toString().size() +
+                                        explanationSize(lines.index(row, 0)));
     longest = std::min(longest, longestShown + 3);
     const QSize plain = QStyledItemDelegate::sizeHint(option, index);
     const int margins =

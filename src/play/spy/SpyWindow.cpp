@@ -248,9 +248,12 @@ void SpyWindow::showPast(const PastPage& page)
 {
     m_showsPast = true;
     std::deque<QString> lines;
+    std::deque<QString> explanations;
     for (const std::string& line : page.history)
         lines.push_back(forms::fromUtf8(line));
-    m_history->showInstead(std::move(lines));
+    for (const std::string& text : page.explanations)
+        explanations.push_back(forms::fromUtf8(text));
+    m_history->showInstead(std::move(lines), std::move(explanations));
     m_variables->setEnabled(true);
     showVariables(page.variables, page.variablesBefore);
     showLabels(page.state, page.subState);
@@ -260,7 +263,7 @@ void SpyWindow::showNow()
 {
     if (!std::exchange(m_showsPast, false))
         return;
-    m_history->showInstead(std::nullopt);
+    m_history->showInstead(std::nullopt, {});
     showVariables(m_variablesNow, m_variablesNow);
     refresh();
 }

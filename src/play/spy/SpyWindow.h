@@ -36,6 +36,7 @@ public:
     /// What the window shows of a moment of the past.
     struct PastPage {
         std::vector<std::string> history;
+        std::vector<std::string> explanations; ///< beside each line of it; fewer where there are none
         std::string state;
         std::string subState;
         std::vector<std::string> variables;

@@ -3,6 +3,12 @@
 
 #include "play/time/TimeMachine.h"
 
+#include "forms/Texts.h"
+#include "recording/Explanation.h"
+#include "recording/LineLife.h"
+
+#include <QElapsedTimer>
+
 #include <algorithm>
 #include <utility>
 
@@ -13,6 +19,37 @@ using namespace Qt::StringLiterals;
 
 constexpr int restAfter = 150; // milliseconds
 constexpr std::size_t allStretches = 100'000;
+constexpr int indexingSlice = 5;   // milliseconds
+constexpr std::int64_t framesAtOnce = 20;
+
+LineMark::Life lifeOf(LineLife::Life life)
+{
+    switch (life) {
+    case LineLife::Life::CannotRun:
+        return LineMark::Life::CannotRun;
+    case LineLife::Life::NeverRan:
+        return LineMark::Life::NeverRan;
+    case LineLife::Life::RanBefore:
+        return LineMark::Life::RanBefore;
+    case LineLife::Life::RanInLastFrame:
+        return LineMark::Life::RanNow;
+    case LineLife::Life::NotAStatement:
+        break;
+    }
+    return LineMark::Life::None;
+}
+
+/// The number of the program's line that a line of the history names; 0 for none.
+int lineNumberOf(std::string_view historyLine)
+{
+    int number = 0;
+    for (const char c : historyLine.substr(0, 4)) {
+        if (c < '0' || c > '9')
+            return 0;
+        number = number * 10 + (c - '0');
+    }
+    return historyLine.size() > 4 ? number : 0;
+}
 
 } // namespace
 
@@ -27,7 +64,12 @@ TimeMachine::TimeMachine(ZBInterpreter& interpreter, Windows windows, PictureRea
     m_rest.setInterval(restAfter);
     m_rest.callOnTimeout(this, &TimeMachine::refresh);
     connect(&m_windows.game, &GameWindow::pastClosed, this, &TimeMachine::leave);
-    connect(&m_windows.game, &GameWindow::closed, this, &TimeMachine::leave);
+    connect(&m_windows.game, &GameWindow::closed, this, [this] {
+        leave();
+        startIndexing();
+    });
+    m_indexing.setObjectName(u"IndexTimer"_s);
+    m_indexing.callOnTimeout(this, &TimeMachine::indexOn);
 }
 
 TimeMachine::~TimeMachine()
@@ -71,6 +113,7 @@ void TimeMachine::goTo(Moment moment, bool resting)
         m_interpreter.PauseGame();
     if (isOn() && !m_interpreter.StepMode())
         return; // it is being stopped
+    startIndexing();
     const Moment end = last();
     if (isOn() && moment >= end) {
         toNow();
@@ -96,11 +139,14 @@ void TimeMachine::show(bool resting)
     }
     page.history.insert(page.history.end(), std::make_move_iterator(history.lines.begin()),
                         std::make_move_iterator(history.lines.end()));
+    if (resting)
+        page.explanations = explanations(page.history);
     page.state = past.state().state;
     page.subState = past.state().subState();
     page.variables = past.variables();
     page.variablesBefore = std::exchange(m_variables, page.variables);
     m_windows.spy.showPast(page);
+    m_windows.code.showMomentAt(past.line());
     if (resting)
         m_rest.stop();
     else
@@ -182,8 +228,82 @@ void TimeMachine::leave()
     if (std::exchange(m_isInPast, false)) {
         m_windows.game.showNow();
         m_windows.spy.showNow();
+        m_windows.code.showMomentAt(0);
     }
     Q_EMIT changed();
+}
+
+/// What there is to say beside each line of the history that names a statement.
+std::vector<std::string> TimeMachine::explanations(const std::vector<std::string>& history)
+{
+    std::vector<std::string> texts(history.size());
+    if (!m_windows.spy.traceBoxes().code)
+        return texts;
+    const std::vector<Explained> told = explain(replay(), replay().moment());
+    auto next = told.rbegin();
+    for (std::size_t i = history.size(); i-- > 0 && next != told.rend();) {
+        const int line = lineNumberOf(history[i]);
+        if (line == 0)
+            continue;
+        if (next->line == line % 10000)
+            texts[i] = next->text;
+        ++next;
+    }
+    return texts;
+}
+
+// What is known of the run.
+
+void TimeMachine::startIndexing()
+{
+    if (isEmpty())
+        return;
+    if (!m_index)
+        m_index = std::make_unique<RunIndex>(recording(), m_pictures);
+    m_indexing.start(0);
+}
+
+void TimeMachine::indexOn()
+{
+    if (!m_index || isRunning()) {
+        m_indexing.stop();
+        return;
+    }
+    QElapsedTimer time;
+    time.start();
+    bool hasMore = true;
+    while (hasMore && time.elapsed() < indexingSlice)
+        hasMore = m_index->extend(framesAtOnce);
+    if (hasMore)
+        return;
+    m_indexing.stop();
+    showLineMarks();
+    Q_EMIT indexed();
+}
+
+void TimeMachine::showLineMarks()
+{
+    const LineArray& lines = *recording().beginning().lines;
+    const LineLife life(*m_index, lines);
+    std::vector<LineMark> marks;
+    for (int line = 1; line <= lines.upperBound(); ++line)
+        marks.push_back({lifeOf(life.lifeOf(line)), forms::fromUtf8(life.tip(line))});
+    m_windows.code.showLineMarks(std::move(marks));
+}
+
+Answers TimeMachine::whatHappened(Moment moment)
+{
+    return isEmpty() || isRunning() ? Answers() : Questions::inFrame(replay(), moment);
+}
+
+std::optional<SpriteCard> TimeMachine::cardAt(QPoint place)
+{
+    if (isEmpty() || isRunning() || (!m_isInPast && !isOn()))
+        return std::nullopt;
+    if (!m_isInPast)
+        replay().seek(last());
+    const int sprite = spriteAt(replay().state(), place.x(), place.y());
+    return sprite < 0 ? std::nullopt : SpriteStory(recording(), replay(), m_index.get()).card(sprite);
 }
 
 void TimeMachine::forget()
@@ -191,6 +311,8 @@ void TimeMachine::forget()
     m_oldEndingShown = false;
     m_oldEnding.reset();
     m_replay.reset();
+    m_index.reset();
+    m_indexing.stop();
     m_variables.clear();
     Q_EMIT forgotten();
     leave();
@@ -237,6 +359,8 @@ void TimeMachine::showOldEnding(bool on)
     leave();
     m_oldEndingShown = on;
     m_replay.reset();
+    m_index.reset();
+    startIndexing();
     toNow();
 }
 

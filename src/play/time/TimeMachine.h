@@ -7,7 +7,10 @@
 #include "play/GameWindow.h"
 #include "play/spy/SpyWindow.h"
 #include "recording/Recording.h"
+#include "recording/Questions.h"
 #include "recording/Replay.h"
+#include "recording/RunIndex.h"
+#include "recording/SpriteStory.h"
 #include "runtime/ZBInterpreter.h"
 
 #include <QObject>
@@ -44,6 +47,15 @@ public:
     Moment last();
     /// The line that is about to run there; 0 between frames.
     int line();
+    /// What is known of the run that is shown; null where there is none. It is found out bit by bit while no
+    /// frame is to be played.
+    const RunIndex* index() const { return m_index.get(); }
+    /// What happened in the frame that one sees at a moment.
+    Answers whatHappened(Moment moment);
+    /// The card of the sprite at a place of the field, in pixels, at the moment that is shown. Nothing where
+    /// there is none, or while the game runs.
+    std::optional<SpriteCard> cardAt(QPoint place);
+
     /// A run is on, so that there is a now to come back to.
     bool isOn() const { return m_interpreter.isOn() && !m_oldEndingShown; }
 
@@ -81,10 +93,16 @@ Q_SIGNALS:
     void changed();
     /// A new run is about to begin, which nobody is to disturb.
     void forgotten();
+    /// All is known of the run that is shown.
+    void indexed();
 
 private:
     Replay& replay();
     void show(bool resting);
+    std::vector<std::string> explanations(const std::vector<std::string>& history);
+    void startIndexing();
+    void indexOn();
+    void showLineMarks();
 
     ZBInterpreter& m_interpreter;
     Windows m_windows;
@@ -98,4 +116,6 @@ private:
     bool m_showsMap = false;
     std::vector<std::string> m_variables; ///< those that were shown last
     QTimer m_rest;                        ///< after which all of the history is shown
+    std::unique_ptr<RunIndex> m_index;
+    QTimer m_indexing;
 };
