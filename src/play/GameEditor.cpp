@@ -94,6 +94,11 @@ void GameEditor::Form_Load()
         *m_interpreter, TimeMachine::Windows{.game = m_gameWindow, .spy = *m_spy, .code = *m_codeEditor},
         m_desk.pictures());
     m_timeWindow = std::make_unique<TimeWindow>(*m_timeMachine);
+    connect(m_timeWindow.get(), &TimeWindow::lineChosen, this, &GameEditor::showLine);
+    m_codeEditor->setLineAsked([this](int line) {
+        TimeButton_Click();
+        m_timeWindow->askAboutLine(line);
+    });
     connect(&m_gameWindow, &GameWindow::told, this, [this] {
         if (m_closing == Closing::Telling)
             close();
@@ -270,6 +275,7 @@ void GameEditor::PlayButton_Click()
     if (!m_interpreter->prepareRun(RunKind::Traced))
         return;
     m_timeMachine->forget();
+    m_codeEditor->runBegins();
     QCoreApplication::processEvents(); // a click on Stop, or on the cross of this window, counts now
     m_gameWindow.follow(m_interpreter->startRun(m_codeEditor->text()));
 }
@@ -330,6 +336,13 @@ void GameEditor::SpyWindowButton_Click()
     if (!m_spy->isVisible())
         forms::placeWindow(*m_spy);
     forms::bringUp(*m_spy);
+}
+
+/// In the code editor, where that is open; the keyboard stays where it is.
+void GameEditor::showLine(int line)
+{
+    if (m_codeEditor->isVisible())
+        m_codeEditor->showMomentAt(line);
 }
 
 void GameEditor::TimeButton_Click()

@@ -66,6 +66,7 @@ private:
     QLayout* makeSpeed();
     bool mayClose();
     void leave();
+    void showLine(int line);
 
     Desk& m_desk;
     const GameRecord& m_game;

@@ -11,7 +11,7 @@ namespace
 {
 
 /// Between two keyframes, in steps: some milliseconds.
-constexpr std::int64_t usualBudget = 2'000'000;
+constexpr std::int64_t usualBudget = 3'000'000;
 constexpr std::int64_t workOfAFrame = 200; // beside that of its blocks
 constexpr std::int64_t workOfASprite = 20;
 

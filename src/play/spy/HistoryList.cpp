@@ -56,8 +56,7 @@ void HistoryList::selectLastLine()
     scrollToBottom();
 }
 
-void HistoryList::showInstead(std::optional<std::deque<QString>> lines,
-                              std::deque<QString> explanations)
+void HistoryList::showInstead(std::optional<std::deque<QString>> lines, std::deque<QString> explanations)
 {
     m_model->showInstead(std::move(lines), std::move(explanations));
     selectLastLine();

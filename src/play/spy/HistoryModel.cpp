@@ -27,8 +27,7 @@ void HistoryModel::clear()
     m_cleared = true;
 }
 
-void HistoryModel::showInstead(std::optional<std::deque<QString>> lines,
-                               std::deque<QString> explanations)
+void HistoryModel::showInstead(std::optional<std::deque<QString>> lines, std::deque<QString> explanations)
 {
     beginResetModel();
     m_instead = std::move(lines);

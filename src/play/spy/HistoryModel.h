@@ -26,8 +26,8 @@ public:
 
     void append(std::string_view line);
     void clear();
-    /// Shows these lines, and what is to be said beside each, in the place of the history, which goes on behind
-    /// them; nothing: the history again.
+    /// Shows these lines, and what is to be said beside each, in the place of the history, which goes on
+    /// behind them; nothing: the history again.
     void showInstead(std::optional<std::deque<QString>> lines, std::deque<QString> explanations);
     bool hasNews() const { return !m_instead && (m_cleared || m_waiting > 0); }
     /// How many of the rows publish() will take away at the top.

@@ -48,8 +48,7 @@ void LineDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     if (explanation.isEmpty())
         return;
     constexpr int gap = 24;
-    const int begin =
-        gap + option.fontMetrics.horizontalAdvance(displayText(index.data(), option.locale));
+    const int begin = gap + option.fontMetrics.horizontalAdvance(displayText(index.data(), option.locale));
     const bool isSelected = option.state.testFlag(QStyle::State_Selected);
     painter->save();
     painter->setFont(option.font);

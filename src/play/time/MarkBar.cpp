@@ -66,8 +66,8 @@ void drawMark(QPainter& painter, RunIndex::MarkKind kind, QPointF at)
         painter.drawLine(box.topRight(), box.bottomLeft());
         break;
     case RunIndex::MarkKind::Collision:
-        painter.drawPolygon(QPolygonF({at - QPointF(0, half), at + QPointF(half, 0), at + QPointF(0, half),
-                                       at - QPointF(half, 0)}));
+        painter.drawPolygon(QPolygonF(
+            {at - QPointF(0, half), at + QPointF(half, 0), at + QPointF(0, half), at - QPointF(half, 0)}));
         break;
     case RunIndex::MarkKind::Pause:
         painter.drawRect(QRectF(box.left(), box.top(), 3, box.height()));
@@ -132,10 +132,10 @@ bool MarkBar::event(QEvent* event)
         return QWidget::event(event);
     const auto& help = static_cast<const QHelpEvent&>(*event);
     if (const RunIndex::Mark* mark = nearest(help.pos().x()))
-        QToolTip::showText(help.globalPos(),
-                           u"Frame %1: %2"_s.arg(mark->moment.frame + 1)
-                               .arg(QString::fromUtf16(lookOf(mark->kind).text)),
-                           this);
+        QToolTip::showText(
+            help.globalPos(),
+            u"Frame %1: %2"_s.arg(mark->moment.frame + 1).arg(QString::fromUtf16(lookOf(mark->kind).text)),
+            this);
     else
         QToolTip::hideText();
     return true;

@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 
 constexpr int restAfter = 150; // milliseconds
 constexpr std::size_t allStretches = 100'000;
-constexpr int indexingSlice = 5;   // milliseconds
+constexpr int indexingSlice = 5; // milliseconds
 constexpr std::int64_t framesAtOnce = 20;
 
 LineMark::Life lifeOf(LineLife::Life life)
@@ -68,6 +68,7 @@ TimeMachine::TimeMachine(ZBInterpreter& interpreter, Windows windows, PictureRea
         leave();
         startIndexing();
     });
+    connect(&m_windows.game, &GameWindow::clicked, this, &TimeMachine::pictureClicked);
     m_indexing.setObjectName(u"IndexTimer"_s);
     m_indexing.callOnTimeout(this, &TimeMachine::indexOn);
 }

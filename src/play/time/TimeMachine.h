@@ -6,8 +6,8 @@
 #include "forms/Desk.h"
 #include "play/GameWindow.h"
 #include "play/spy/SpyWindow.h"
-#include "recording/Recording.h"
 #include "recording/Questions.h"
+#include "recording/Recording.h"
 #include "recording/Replay.h"
 #include "recording/RunIndex.h"
 #include "recording/SpriteStory.h"
@@ -93,6 +93,8 @@ Q_SIGNALS:
     void changed();
     /// A new run is about to begin, which nobody is to disturb.
     void forgotten();
+    /// The picture of the game was clicked there, in pixels.
+    void pictureClicked(QPoint place);
     /// All is known of the run that is shown.
     void indexed();
 

@@ -5,8 +5,11 @@
 
 #include "forms/ActionRow.h"
 #include "forms/Icons.h"
+#include "play/time/CardPanel.h"
 #include "play/time/FilmStrip.h"
 #include "play/time/KeyCaps.h"
+#include "play/time/MarkBar.h"
+#include "play/time/QuestionPanel.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -14,6 +17,8 @@
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QSlider>
+#include <QStyle>
+#include <QTabWidget>
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <QWheelEvent>
@@ -55,9 +60,13 @@ struct TimeWindow::ButtonRow {
 TimeWindow::TimeWindow(TimeMachine& machine)
     : m_machine(machine)
     , m_momentText(new QLabel)
+    , m_marks(new MarkBar)
     , m_moments(new QSlider(Qt::Horizontal))
     , m_strip(new FilmStrip)
     , m_keys(new KeyCaps)
+    , m_questions(new QuestionPanel(machine))
+    , m_card(new CardPanel)
+    , m_pages(new QTabWidget)
     , m_speed(new QComboBox)
     , m_goOn(new QPushButton(u"&Go on from here"_s))
     , m_oldEnding(new QPushButton(u"The &old ending"_s))
@@ -84,10 +93,13 @@ TimeWindow::TimeWindow(TimeMachine& machine)
     layout->setContentsMargins(margin, margin, margin, margin);
     layout->setSpacing(gap);
     layout->addWidget(m_momentText);
+    layout->addWidget(m_marks);
+    layout->setSpacing(gap / 2);
     layout->addWidget(m_moments);
     layout->addWidget(m_strip);
     layout->addLayout(makeButtons());
     layout->addLayout(makeSpeed());
+    layout->addWidget(makePages(), 1);
 
     m_seek.setObjectName(u"SeekTimer"_s);
     m_seek.setSingleShot(true);
@@ -99,9 +111,17 @@ TimeWindow::TimeWindow(TimeMachine& machine)
     m_player.setTimerType(Qt::PreciseTimer);
     m_player.callOnTimeout(this, &TimeWindow::playOn);
     connect(&m_machine, &TimeMachine::changed, this, &TimeWindow::refresh);
+    connect(&m_machine, &TimeMachine::indexed, this, [this] {
+        showMarks();
+        m_questions->refresh();
+    });
+    connect(&m_machine, &TimeMachine::pictureClicked, this, &TimeWindow::showCard);
     connect(&m_machine, &TimeMachine::forgotten, this, [this] {
         stopPlaying();
         m_seek.stop();
+        m_card->clear();
+        m_questions->refresh();
+        showMarks();
     });
     refresh();
 }
@@ -163,6 +183,52 @@ QLayout* TimeWindow::makeSpeed()
     line->addWidget(m_oldEnding);
     line->addWidget(m_keys, 1);
     return line;
+}
+
+QWidget* TimeWindow::makePages()
+{
+    m_pages->setObjectName(u"Pages"_s);
+    m_pages->setDocumentMode(true);
+    m_pages->addTab(m_questions, u"&Questions"_s);
+    m_pages->addTab(m_card, u"&Why"_s);
+    connect(m_marks, &MarkBar::momentChosen, this, [this](Moment moment) { m_machine.goTo(moment); });
+    connect(m_questions, &QuestionPanel::chosen, this, &TimeWindow::goTo);
+    connect(m_card, &CardPanel::chosen, this, &TimeWindow::goTo);
+    return m_pages;
+}
+
+void TimeWindow::showMarks()
+{
+    const RunIndex* const index = m_machine.index();
+    const int handle = style()->pixelMetric(QStyle::PM_SliderLength, nullptr, m_moments);
+    m_marks->show(index ? index->marks() : std::vector<RunIndex::Mark>(), index ? index->frames() : 0,
+                  handle / 2);
+}
+
+void TimeWindow::goTo(const AnswerList::Line& answer)
+{
+    stopPlaying();
+    if (answer.moment)
+        m_machine.goTo(*answer.moment);
+    if (answer.line > 0)
+        Q_EMIT lineChosen(answer.line);
+}
+
+void TimeWindow::askAboutLine(int line)
+{
+    m_pages->setCurrentWidget(m_questions);
+    m_questions->askAboutLine(line);
+}
+
+void TimeWindow::showCard(QPoint place)
+{
+    if (!isVisible())
+        return;
+    const auto card = m_machine.cardAt(place);
+    if (!card)
+        return;
+    m_card->show(*card);
+    m_pages->setCurrentWidget(m_card);
 }
 
 // Where in the run.
@@ -374,4 +440,5 @@ void TimeWindow::refresh()
         return;
     m_keys->show(keysOfProgram(*m_machine.recording().beginning().lines), m_machine.keysDown());
     m_keys->setEnabled(m_machine.isInPast() || m_machine.isOn());
+    m_questions->follow();
 }

@@ -3,19 +3,24 @@
 
 #pragma once
 
+#include "play/time/AnswerList.h"
 #include "play/time/TimeMachine.h"
 
 #include <QElapsedTimer>
 #include <QTimer>
 #include <QWidget>
 
+class CardPanel;
 class FilmStrip;
 class KeyCaps;
+class MarkBar;
+class QuestionPanel;
 class QComboBox;
 class QLabel;
 class QLayout;
 class QPushButton;
 class QSlider;
+class QTabWidget;
 class QToolButton;
 
 /// Goes through the last run: a slider over all of its moments, a strip of small pictures under it, buttons
@@ -37,6 +42,12 @@ public:
     void GoOnFromHere_Click();
     void OldEnding_Click();
     void Moments_Change();
+    /// Shows when a line of the program ran.
+    void askAboutLine(int line);
+
+Q_SIGNALS:
+    /// The user wants to see a line of the program.
+    void lineChosen(int line);
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -48,6 +59,10 @@ private:
 
     QLayout* makeButtons();
     QLayout* makeSpeed();
+    QWidget* makePages();
+    void showMarks();
+    void showCard(QPoint place);
+    void goTo(const AnswerList::Line& answer);
     void play(int direction);
     void playOn();
     void stopPlaying();
@@ -59,9 +74,13 @@ private:
 
     TimeMachine& m_machine;
     QLabel* m_momentText;
+    MarkBar* m_marks;
     QSlider* m_moments;
     FilmStrip* m_strip;
     KeyCaps* m_keys;
+    QuestionPanel* m_questions;
+    CardPanel* m_card;
+    QTabWidget* m_pages;
     QComboBox* m_speed;
     QToolButton* m_toBegin = nullptr;
     QToolButton* m_frameBack = nullptr;
