@@ -6,6 +6,7 @@
 #include "recording/StateSum.h"
 
 #include <algorithm>
+#include <map>
 #include <utility>
 
 namespace
@@ -18,44 +19,42 @@ std::uint64_t sumOf(std::string_view bytes)
     return sum.value();
 }
 
+/// What the run has read, and what it did not find.
 std::vector<PlayedFile> filesOf(const RunFiles& files)
 {
+    std::map<std::string, std::optional<std::uint64_t>> sums;
+    for (const auto& [path, bytes] : files.contents())
+        sums[path] = bytes ? std::optional(sumOf(*bytes)) : std::nullopt;
+    for (const auto& [path, isThere] : files.lookedFor())
+        if (!isThere)
+            sums[path] = std::nullopt;
     const std::size_t folder = files.folder().size();
     std::vector<PlayedFile> played;
-    for (const auto& [path, bytes] : files.contents())
-        played.push_back({path.substr(std::min(folder, path.size())),
-                          bytes ? std::optional(sumOf(*bytes)) : std::nullopt});
+    for (const auto& [path, sum] : sums)
+        played.push_back({path.substr(std::min(folder, path.size())), sum});
     return played;
 }
 
 /// Finds the line that a difference in one frame comes from: the first changed line that runs in it, else the
-/// changed line that ran last before it, else the last one that runs in it.
+/// changed line that ran last before it, else the first changed one (a statement that should have run, say).
 class LineFinder : public RunWatcher
 {
 public:
     explicit LineFinder(std::vector<int> changed)
         : m_changed(std::move(changed))
+        , m_line(m_changed.empty() ? 0 : m_changed.front())
     {
     }
     void beginLastFrame() { m_isInLastFrame = true; }
-    int line() const
-    {
-        if (m_changedThere != 0)
-            return m_changedThere;
-        return m_changedBefore != 0 ? m_changedBefore : m_last;
-    }
+    int line() const { return m_line; }
 
 private:
     void statement(int line) override
     {
-        if (m_isInLastFrame)
-            m_last = line;
-        if (!std::ranges::binary_search(m_changed, line))
+        if (m_isFound || !std::ranges::binary_search(m_changed, line))
             return;
-        if (!m_isInLastFrame)
-            m_changedBefore = line;
-        else if (m_changedThere == 0)
-            m_changedThere = line;
+        m_line = line;
+        m_isFound = m_isInLastFrame;
     }
     void eventBegins(EventName /*event*/) override {}
     void eventEnds() override {}
@@ -63,10 +62,9 @@ private:
     void pauses(int /*line*/) override {}
 
     std::vector<int> m_changed;
+    int m_line;
     bool m_isInLastFrame = false;
-    int m_changedThere = 0;
-    int m_changedBefore = 0;
-    int m_last = 0;
+    bool m_isFound = false;
 };
 
 std::string behindLine(const RuntimeFault& mistake)
@@ -127,17 +125,20 @@ std::optional<PlayStart> startPlay(const PlayFile& play, std::string text, const
 
 std::string PlayVerdict::difference() const
 {
-    const std::string where = line > 0 ? " (line " + std::to_string(line) + ")" : std::string();
-    if (otherMistake && otherFrame > 0)
-        return "In frame " + std::to_string(otherFrame) +
-               " this play ends with a mistake: " + behindLine(*otherMistake);
-    if (otherFrame > 0)
-        return "From frame " + std::to_string(otherFrame) + " on this play goes another way" + where;
+    std::string text;
+    if (otherFrame > 0) {
+        text = "From frame " + std::to_string(otherFrame) + " on this play goes another way";
+        if (line > 0)
+            text += " (line " + std::to_string(line) + ")";
+        if (otherMistake)
+            text += ", and ";
+    }
     if (otherMistake)
-        return "This play ends with another mistake: " + behindLine(*otherMistake);
-    if (missedMistake)
-        return "This play does not end with its mistake any more: " + behindLine(*missedMistake);
-    return {};
+        text += (text.empty() ? "In frame " : "in frame ") + std::to_string(mistakeFrame) +
+                " it ends with a mistake: " + behindLine(*otherMistake);
+    else if (missedMistake && text.empty())
+        text = "It does not end with its mistake any more: " + behindLine(*missedMistake);
+    return text;
 }
 
 std::vector<std::string> PlayVerdict::sentences() const
@@ -246,10 +247,10 @@ void PlayCheck::compareMistakes(const std::optional<RuntimeFault>& found)
     if (isSame)
         return;
     m_verdict.otherMistake = found;
-    if (!found)
+    if (found)
+        m_verdict.mistakeFrame = m_frames + 1;
+    else
         m_verdict.missedMistake = kept;
-    else if (m_frames < m_play.frames && m_verdict.otherFrame == 0)
-        m_verdict.otherFrame = m_frames + 1;
 }
 
 void PlayCheck::goesAnotherWay(std::int64_t frame)

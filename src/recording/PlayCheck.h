@@ -35,10 +35,11 @@ struct PlayVerdict {
     bool isProgramChanged = false;
     std::vector<std::string> files; ///< a sentence for each that is not as it was
     std::int64_t otherFrame = 0;    ///< from this one on it goes another way; 0: from none
-    int line = 0;                   ///< of the program where that comes from; 0: not known
+    int line = 0;                   ///< of the program where that comes from; 0: it has not changed
     std::int64_t otherState =
         0; ///< so many frames were over when the state's sum was first another; 0: never
     std::optional<RuntimeFault> otherMistake;  ///< that it did not end with when it was kept
+    std::int64_t mistakeFrame = 0;             ///< the frame that came upon it
     std::optional<RuntimeFault> missedMistake; ///< that it ended with then, but does not any more
 
     /// For whoever plays it, also where the program has changed.
@@ -46,8 +47,8 @@ struct PlayVerdict {
     /// Nothing at all is other than it was.
     bool allMet() const { return goesTheSame() && otherState == 0 && !isProgramChanged && files.empty(); }
 
-    /// "From frame 214 on this play goes another way (line 31)", or how else it differs; empty where it goes
-    /// the same.
+    /// "From frame 214 on this play goes another way (line 31)", or how else it differs, without a full stop;
+    /// empty where it goes the same.
     std::string difference() const;
     /// What is not as it was, a sentence each.
     std::vector<std::string> sentences() const;

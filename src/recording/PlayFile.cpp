@@ -142,11 +142,9 @@ public:
 
     std::optional<PlayFile> read()
     {
-        if (!readFormat() || !readLabel() || !readGame() || !readFrames())
-            return std::nullopt;
-        if (hasMore())
-            return damaged("nothing more should stand here");
-        return std::move(m_play);
+        const bool isRead = readFormat() && endsWithLine() && readLabel() && readGame() && readFrames() &&
+                            (!hasMore() || isOff("nothing more should stand here"));
+        return isRead ? std::optional(std::move(m_play)) : std::nullopt;
     }
 
 private:
@@ -173,23 +171,17 @@ private:
         return next().substr(word.size() + 1);
     }
 
-    std::nullopt_t damaged(std::string_view what)
+    bool isOff(std::string_view what)
     {
         m_fault = "This play is damaged: line " + std::to_string(m_line) + ", ";
         m_fault += what;
         m_fault += '.';
-        return std::nullopt;
+        return false;
     }
     bool misses(std::string_view word)
     {
         ++m_line;
-        damaged("\"" + std::string(word) + "\" should stand here");
-        return false;
-    }
-    bool isOff(std::string_view what)
-    {
-        damaged(what);
-        return false;
+        return isOff("\"" + std::string(word) + "\" should stand here");
     }
 
     bool readFormat()
@@ -205,6 +197,15 @@ private:
             m_fault = number > format ? "This play was kept by a newer Zorbino."
                                       : "This is no play that Zorbino has kept.";
         return number == format;
+    }
+
+    /// What has been cut off does not.
+    bool endsWithLine()
+    {
+        if (m_text.ends_with('\n'))
+            return true;
+        m_fault = "This play is damaged: its end is missing.";
+        return false;
     }
 
     bool readText(std::string_view word, std::string& text)

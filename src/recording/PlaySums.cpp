@@ -100,9 +100,13 @@ std::vector<int> changedLines(const LineArray& lines, std::string_view older)
     for (std::size_t at = 0; at < older.size(); at += 2)
         kept.insert(older.substr(at, 2));
     std::vector<int> changed;
+    const int first = line;
     for (std::size_t at = 0; at < newer.size(); at += 2, ++line)
         if (!kept.contains(newer.substr(at, 2)))
             changed.push_back(line);
+    const bool isOnlyShorter = changed.empty() && older.size() > newer.size();
+    if (isOnlyShorter && lines.upperBound() > 0)
+        changed.push_back(std::min(first, lines.upperBound()));
     return changed;
 }
 

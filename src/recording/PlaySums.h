@@ -22,7 +22,8 @@ void appendSum(std::string& text, std::uint64_t value);
 std::uint64_t programSum(const LineArray& lines);
 /// Two letters for each line: enough to find out which lines another program does not have.
 std::string lineSums(const LineArray& lines);
-/// The lines, in their order, that are not among those whose sums these are.
+/// The lines, in their order, that are not among those whose sums these are; where some of those are only
+/// missing, the line that stands in their place.
 std::vector<int> changedLines(const LineArray& lines, std::string_view older);
 
 /// The variables that a program names, "counter$score" and the like, in alphabetical order.
