@@ -212,7 +212,7 @@ int zblPins(const std::string& gameFolder)
         std::string fault = "This play cannot be read.";
         const auto play = bytes ? readPlay(*bytes, fault) : std::nullopt;
         if (!play)
-            status = std::max(status, complain(file + ": " + fault));
+            status = std::max(status, complain(fault.insert(0, file + ": ")));
         else if (play->label.isPinned)
             status = std::max(status, tellPin(file, *play, game, pictures));
     }

@@ -30,6 +30,7 @@ std::vector<PlayedFile> filesOf(const RunFiles& files)
             sums[path] = std::nullopt;
     const std::size_t folder = files.folder().size();
     std::vector<PlayedFile> played;
+    played.reserve(sums.size());
     for (const auto& [path, sum] : sums)
         played.push_back({path.substr(std::min(folder, path.size())), sum});
     return played;

@@ -28,12 +28,10 @@ public:
 
     /// Draws each frame from now on.
     void setDraws() { m_draws = true; }
-    void setShowMap(bool on) { m_context.setShowMap(on); }
     const Surface& picture() const { return m_context.display(); }
     /// Writes the history from now on.
     void setHistory(LineOutput output, const TraceBoxes& boxes);
     void setWatcher(RunWatcher* watcher) { m_context.trace().setWatcher(watcher); }
-    Events& events() { return m_context.events(); }
 
 private:
     bool wantsFrames() const override { return m_draws; }
