@@ -106,7 +106,7 @@ std::optional<PlayFile> keepPlay(const Recording& recording, PictureReader& pict
             play.keys.push_back(key);
     if (!run.faults().empty())
         play.mistake = run.faults().front();
-    return play;
+    return playText(play).size() <= PlayFile::mostBytes ? std::optional(std::move(play)) : std::nullopt;
 }
 
 std::optional<PlayStart> startPlay(const PlayFile& play, std::string text, const FileSource& files,
