@@ -5,7 +5,7 @@
 # The Debian packages (Debian 12) that the other scripts need, and how to get them. To be sourced.
 
 # To build the program.
-packages_build=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev libjpeg-dev libpng-dev)
+packages_build=(g++ cmake ninja-build qt6-base-dev qt6-svg-dev libgif-dev libjpeg-dev libpng-dev)
 # To start it: the platform plugins, the renderer of the icons, a font for the windows, and Liberation for Courier New.
 packages_run=(libqt6svg6 qt6-qpa-plugins fonts-dejavu-core fonts-liberation)
 # To build and run the tests.

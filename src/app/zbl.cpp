@@ -1,43 +1,44 @@
 // SPDX-FileCopyrightText: 2026 The Zorbino team
 // SPDX-License-Identifier: MIT
 
-#include "headless/HeadlessPlayer.h"
-
-#include "app/GameModule.h"
 #include "app/PlayInWindow.h"
+#include "app/ZblOutput.h"
+#include "app/ZblWords.h"
+#include "games/GamePlace.h"
 #include "language/ZBLProgramExp.h"
 #include "platform/DiskFile.h"
 #include "platform/Installation.h"
 #include "platform/TextFile.h"
-#include "platform/pictures/PictureFiles.h"
 
 #include <algorithm>
 #include <array>
-#include <charconv>
-#include <cstdio>
 #include <cstdlib>
 #include <dlfcn.h>
 #include <new>
 #include <span>
 #include <string>
-#include <vector>
 
-// zbl: checks, runs and plays games from the command line.
+// zbl: checks, runs and plays games from the command line, and replays what was kept.
 
 namespace
 {
-
-enum ExitStatus { Fine = 0, ParseFailed = 1, RunFailed = 2, Unusable = 3 };
 
 constexpr std::string_view help =
     "Usage: zbl check FILE\n"
     "       zbl run GAME [--frames N] [--trace[=frames,events,code]] [--keys FILE]\n"
     "                    [--show-map] [--dump] [--picture FILE.png] [--seed N]\n"
+    "                    [--record FILE]\n"
     "       zbl play GAME\n"
+    "       zbl replay FILE [--game GAME] [--until FRAME] [--trace[=frames,events,code]]\n"
+    "                    [--dump] [--picture FILE.png] [--film FILE.gif] [--from FRAME]\n"
+    "       zbl pins GAME\n"
     "\n"
     "check  reads the program text FILE and says what is wrong with it.\n"
     "run    plays the game in the folder GAME without a window.\n"
     "play   plays the game in the folder GAME in its window.\n"
+    "replay plays the play that was kept in FILE again and compares the two.\n"
+    "pins   says of each pinned play of the game in the folder GAME whether it still\n"
+    "       goes the same.\n"
     "\n"
     "  --frames N            how many frames to play (300)\n"
     "  --trace[=LIST]        write the history of the run; LIST names what to add to it:\n"
@@ -47,46 +48,15 @@ constexpr std::string_view help =
     "  --dump                write the variables and sprites after the last frame\n"
     "  --picture FILE.png    write the playfield as it stands after the last frame\n"
     "  --seed N              the seed of the random numbers (0)\n"
+    "  --record FILE         keep the play in a file\n"
+    "  --game GAME           the game of the play, if it is not the folder of its file\n"
+    "  --until FRAME         the last frame to play\n"
+    "  --film FILE.gif       write the last 300 frames as a film\n"
+    "  --from FRAME          the frame with which the film begins\n"
     "\n"
-    "Exit status: 0 all went well; 1 the program has a mistake; 2 the game was stopped\n"
-    "by an error; 3 a file could not be read or written, or the words of the call are off.\n";
-
-int complain(const std::string& text)
-{
-    std::fflush(stdout);
-    std::fprintf(stderr, "zbl: %s\n", text.c_str());
-    return Unusable;
-}
-
-void printLine(std::string_view line)
-{
-    std::fwrite(line.data(), 1, line.size(), stdout);
-    std::fputc('\n', stdout);
-}
-
-/// Output that did not get through (a full disk, say) must not look like success.
-int finish(int status)
-{
-    return std::fflush(stdout) == 0 && std::ferror(stdout) == 0 ? status
-                                                                : complain("the output could not be written");
-}
-
-class PrintingReporter : public ParseReporter
-{
-public:
-    explicit PrintingReporter(const LineArray& lines)
-        : m_lines(lines)
-    {
-    }
-    void parseError(const ParseFault& fault) override
-    {
-        writeMessage(printLine, "? ", reportText(fault, m_lines));
-    }
-    void beep() override {}
-
-private:
-    const LineArray& m_lines;
-};
+    "Exit status: 0 all went well; 1 the program has a mistake, or a play goes another way;\n"
+    "2 the game was stopped by an error (in replay and pins: one that the play did not have);\n"
+    "3 a file could not be read or written, or the words of the call are off.\n";
 
 int check(const std::string& file)
 {
@@ -97,118 +67,6 @@ int check(const std::string& file)
     PrintingReporter reporter(lines);
     ZBLProgramExp program;
     return finish(program.Parse(lines, reporter) ? Fine : ParseFailed);
-}
-
-template<typename Number> bool parseNumber(std::string_view word, Number& number)
-{
-    const auto result = std::from_chars(word.data(), word.data() + word.size(), number);
-    return result.ec == std::errc() && result.ptr == word.data() + word.size();
-}
-
-bool parseBoxes(std::string_view list, TraceBoxes& boxes)
-{
-    for (;;) {
-        const std::size_t comma = std::min(list.find(','), list.size());
-        const std::string_view word = list.substr(0, comma);
-        if (word == "frames")
-            boxes.frames = true;
-        else if (word == "events")
-            boxes.events = true;
-        else if (word == "code")
-            boxes.code = true;
-        else
-            return false;
-        if (comma == list.size())
-            return true;
-        list.remove_prefix(comma + 1);
-    }
-}
-
-/// The words of a call behind "zbl run": the game's folder and the options, in any order.
-struct RunWords {
-    std::string game;
-    HeadlessOptions options;
-    std::string keysFile;
-    std::string pictureFile;
-};
-
-/// Reads the words; a text that says what is off, empty where all is well.
-std::string parseWords(std::span<char*> words, RunWords& call)
-{
-    for (std::size_t i = 0; i < words.size(); ++i) {
-        const std::string word = words[i];
-        const auto value = [&](std::string& target) {
-            if (i + 1 == words.size())
-                return false;
-            target = words[++i];
-            return true;
-        };
-        std::string text;
-        if (word == "--show-map") {
-            call.options.showMap = true;
-        } else if (word == "--dump") {
-            call.options.dump = true;
-        } else if (word == "--trace") {
-            call.options.trace = true;
-        } else if (word.starts_with("--trace=")) {
-            call.options.trace = true;
-            if (!parseBoxes(std::string_view(word).substr(8), call.options.boxes))
-                return "--trace= takes frames, events and code, separated by commas";
-        } else if (word == "--frames") {
-            if (!value(text) || !parseNumber(text, call.options.frames) || call.options.frames < 0)
-                return "--frames takes a whole number, 0 or more";
-        } else if (word == "--seed") {
-            std::int64_t negative = 0; // any 64 bits will do
-            if (!value(text) || (!parseNumber(text, call.options.seed) && !parseNumber(text, negative)))
-                return "--seed takes a whole number";
-            if (negative < 0)
-                call.options.seed = static_cast<std::uint64_t>(negative);
-        } else if (word == "--keys") {
-            if (!value(call.keysFile))
-                return "--keys takes the name of a file";
-        } else if (word == "--picture") {
-            if (!value(call.pictureFile))
-                return "--picture takes the name of a file";
-            call.options.wantsPicture = true;
-        } else if (call.game.empty() && !word.starts_with("-")) {
-            call.game = word;
-        } else {
-            return "I do not know the option " + word;
-        }
-    }
-    return call.game.empty() ? "zbl run takes the folder of a game" : "";
-}
-
-int run(std::span<char*> words)
-{
-    RunWords call;
-    const std::string fault = parseWords(words, call);
-    if (!fault.empty())
-        return complain(fault);
-
-    std::vector<KeyChange> keys;
-    if (!call.keysFile.empty()) {
-        auto bytes = readFileBytes(call.keysFile, Installation::maximumFileSize);
-        int badLine = 0;
-        if (!bytes)
-            return complain("cannot read " + call.keysFile);
-        if (!parseKeys(decodeText(std::move(*bytes)), keys, badLine))
-            return complain("line " + std::to_string(badLine) + " of " + call.keysFile + " is no key line");
-    }
-
-    const GamePlace place = placeOf(call.game);
-    const Installation installation(place.installation);
-    auto text = installation.readText(place.gamesFolder + place.folder + "code.txt");
-    if (!text)
-        return complain("cannot read the program of the game in " + call.game);
-    ZB module = moduleOf(installation, place);
-    PictureFiles pictures;
-    HeadlessPlayer player(module, installation, pictures, printLine);
-    const auto result = player.run(withProductLineEnds(std::move(*text)), call.options, keys);
-    if (result != HeadlessPlayer::Result::ParseError && call.options.wantsPicture &&
-        !writePng(player.display(), call.pictureFile))
-        return complain("cannot write " + call.pictureFile);
-    return finish(static_cast<int>(result));
 }
 
 /// Whether there is a screen to open a window on. Without one the toolkit would end the program.
@@ -265,7 +123,11 @@ int call(int argc, char** argv)
     if (command == "check" && argc == 3)
         return check(words[2]);
     if (command == "run" && argc >= 3)
-        return run(words.subspan(2));
+        return zblRun(words.subspan(2));
+    if (command == "replay" && argc >= 3)
+        return zblReplay(words.subspan(2));
+    if (command == "pins" && argc == 3)
+        return zblPins(words[2]);
     if (command == "play" && argc == 3)
         return play(argc, argv, words[2]);
     return complain(

@@ -42,6 +42,9 @@ public:
         return m_contents;
     }
 
+    /// Whether the files that the run has only looked for are there.
+    const std::map<std::string, bool, std::less<>>& lookedFor() const { return m_there; }
+
     /// A background as large as the playfield; no field where there is no such picture.
     struct Background {
         std::shared_ptr<const Surface> field;

@@ -63,19 +63,65 @@ check 1 $'? I could not find the beginning of the PROGRAM block ("PROGRAM{")!\n?
     check games/wrong/code.txt
 check 1 "$(cat out)" run games/wrong --dump --picture none.png
 check 2 $'! I could not find state begin!\n! (line 1)' run games/stops --dump
+# Plays that are kept, and how they go in their game when it is as it was and when it is not.
+play=$game/win.zbplay
+same='This play goes as it went when it was kept.'
+changed='The program has changed since this play was kept.'
+other='From frame 2 on this play goes another way (line 9).'
+gone='From frame 1 on this play goes another way (line 5), and in frame 2 it ends with a mistake:'
+mistake=$'You used change on a counter you have not set yet!'
+gone+=" $mistake (line 9)."
+check 0 "$(held 2)" run $game --dump --keys keys --frames 9 --seed 4 --record $play
+check 0 "$same" replay $play
+check 0 "$(held 2; echo; echo "$same")" replay --dump $play
+check 0 "$(held 1; echo; echo "$same")" replay --until 2 --dump $play
+check 0 "$same" replay $play --picture replayed.png --film film.gif
+check 0 "$same" replay $play --film cut.gif --from 3 --until 5
+check 0 "$("$zbl" run $game --keys keys --frames 9 --trace=code,events,frames | tail -n +39; echo "$same")" \
+    replay $play --trace=frames,events,code
+check 0 '' pins $game
+sed -i 's/^name .*/name here I win/; s/^pinned no/pinned yes/' $play
+check 0 'win.zbplay (here I win): This play still goes the same.' pins $game
+(cd $game && exec "$zbl" replay win.zbplay) >out 2>&1 || { echo "From within its folder: $(cat out)"; failed=$((failed + 1)); }
+cp -r $game games/another
+sed -i 's/held 1/held 2/' games/another/Code.TXT
+check 1 $'The program has changed since this play was kept.\n'"$other" replay --game games/another $play
+check 1 "win.zbplay (here I win): $other" pins games/another
+check 0 "$same" replay games/00000001/win.zbplay --game $game
+sed -i 's/set counter.held 0//' games/another/Code.TXT
+check 2 "! $mistake"$'\n! (line 9)\n'"$changed"$'\n'"$gone" \
+    replay games/another/win.zbplay
+check 2 "win.zbplay (here I win): $gone" pins games/another
+check 2 "! $mistake"$'\n! (line 9)' run games/another --keys keys --record games/another/lost.zbplay
+check 0 "! $mistake"$'\n! (line 9)\n'"$same" replay games/another/lost.zbplay --dump
+sed -i 's/line 9/line 10/' games/another/Code.TXT
+echo 'zorbino play 2' >newer.zbplay
+head -n 20 $play >cut.zbplay
+cp $play $play.whole
+head -n 10 $play.whole >$game/hurt.zbplay
+check 3 'win.zbplay (here I win): This play still goes the same.' pins $game
+rm $game/hurt.zbplay $play.whole
 for words in '' run check play "check $game" 'check nothing' "check $game/Code.TXT more" 'run games/empty' 'run nothing' \
     'run --dump' "run $game more" "run $game --what" "run $game --frames" "run $game --frames -1" "run $game --frames 1.5" \
     "run $game --trace=" "run $game --trace=frames,all" "run $game --seed x" "run $game --seed 18446744073709551616" \
     "run $game --keys" "run $game --keys nothing" "run $game --keys badkeys" "run $game --picture" 'play games/empty' \
-    "play $game"; do
+    "play $game" replay "replay --game $game" 'replay nothing' 'replay newer.zbplay' 'replay cut.zbplay' "replay $game" \
+    "replay keys" "replay $play --game" "replay $play --game games/empty" "replay $play --until" "replay $play --until -1" \
+    "replay $play --until x" "replay $play --from 1" "replay $play --trace=all" "replay $play $play" "replay $play --seed 1" \
+    "replay $play --film" 'pins' 'pins games/empty' "pins $game more" "run $game --record" "run $game --record pipe" \
+    "run $game --record nowhere/a.zbplay"; do
     # shellcheck disable=SC2086
     check 3 '' $words
 done
 # What can be told is told, also where the picture cannot be kept.
 for place in nowhere/last.png games pipe; do
     check 3 "$(held 0)" run $game --dump --picture $place
+    check 3 "$same" replay $play --picture $place
+    check 3 "$same" replay $play --film $place
 done
-[ -s last.png ] && [ ! -e none.png ] && [ -p pipe ] || failed=$((failed + 1))
+check 3 "$same" replay $play --film none.gif --from 10
+[ -s last.png ] && [ -s replayed.png ] && [ -s film.gif ] && [ -s cut.gif ] && [ ! -e none.png ] && [ ! -e none.gif ] &&
+    [ -p pipe ] || failed=$((failed + 1))
 # A picture that finds no room leaves the one before it whole.
 cp last.png before.png
 (trap '' XFSZ; ulimit -f 1; exec "$zbl" run $game --picture last.png) 2>err
