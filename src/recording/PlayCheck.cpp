@@ -4,7 +4,6 @@
 #include "recording/PlayCheck.h"
 
 #include "recording/Onlooker.h"
-
 #include "recording/StateSum.h"
 
 #include <algorithm>
