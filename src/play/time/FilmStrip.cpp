@@ -18,7 +18,7 @@ namespace
 constexpr int side = 72; // of a picture, in pixels
 constexpr int gap = 4;
 constexpr int fewest = 4;
-constexpr int usual = 8;
+constexpr int usual = 6;
 
 } // namespace
 

@@ -26,6 +26,8 @@ QuestionPanel::QuestionPanel(TimeMachine& machine)
     m_box->setAccessibleName(u"Questions"_s);
     m_box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     m_box->setMinimumContentsLength(20);
+    m_box->setMaxVisibleItems(12);
+    m_box->setStyleSheet(u"combobox-popup: 0"_s); // a list below it rather than one as high as the screen
     m_note->setObjectName(u"AnswerNote"_s);
     m_note->setWordWrap(true);
     m_note->setTextFormat(Qt::PlainText);
@@ -97,7 +99,9 @@ void QuestionPanel::answer()
     const RunIndex* const index = m_machine.index();
     if (!index || place < 0 || static_cast<std::size_t>(place) >= m_questions.size()) {
         m_answers->show({});
-        m_note->hide();
+        m_note->setText(m_machine.isEmpty() ? u"Play a game first, then ask what happened in it."_s
+                                            : u"Pause the game or pull the slider, then ask."_s);
+        m_note->show();
         return;
     }
     const Question& question = m_questions[static_cast<std::size_t>(place)];

@@ -35,7 +35,7 @@ using namespace Qt::StringLiterals;
 
 constexpr int gap = 8;
 constexpr int margin = 12;
-constexpr int buttonIcon = 28;
+constexpr int buttonIcon = 24;
 // In milliseconds.
 constexpr int seekInterval = 16;
 constexpr int followInterval = 200;
