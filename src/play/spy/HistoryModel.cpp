@@ -68,7 +68,7 @@ QVariant HistoryModel::data(const QModelIndex& index, int role) const
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
     const auto row = static_cast<std::size_t>(index.row());
-    if (role == explanationRole && row < m_explanations.size())
+    if ((role == explanationRole || role == Qt::ToolTipRole) && m_instead && row < m_explanations.size())
         return m_explanations[row];
     if (role != Qt::DisplayRole)
         return {};
