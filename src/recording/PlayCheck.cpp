@@ -3,6 +3,8 @@
 
 #include "recording/PlayCheck.h"
 
+#include "recording/Onlooker.h"
+
 #include "recording/StateSum.h"
 
 #include <algorithm>
@@ -38,7 +40,7 @@ std::vector<PlayedFile> filesOf(const RunFiles& files)
 
 /// Finds the line that a difference in one frame comes from: the first changed line that runs in it, else the
 /// changed line that ran last before it, else the first changed one (a statement that should have run, say).
-class LineFinder : public RunWatcher
+class LineFinder : public Onlooker
 {
 public:
     explicit LineFinder(std::vector<int> changed)
@@ -57,11 +59,6 @@ private:
         m_line = line;
         m_isFound = m_isInLastFrame;
     }
-    void eventBegins(EventName /*event*/) override {}
-    void eventEnds() override {}
-    void stateEntered() override {}
-    void pauses(int /*line*/) override {}
-
     std::vector<int> m_changed;
     int m_line;
     bool m_isInLastFrame = false;
