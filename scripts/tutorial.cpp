@@ -18,12 +18,17 @@
 #include <QComboBox>
 #include <QFile>
 #include <QInputDialog>
+#include <QLabel>
 #include <QLineEdit>
+#include <QListView>
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QScrollBar>
+#include <QSlider>
+#include <QTabBar>
+#include <QTabWidget>
 #include <QTest>
 #include <QTimer>
 
@@ -142,8 +147,8 @@ public:
                                               QRegularExpression::DotMatchesEverythingOption);
         for (auto match = fence.globalMatch(QString::fromUtf8(file.readAll())); match.hasNext();)
             m_programs.append(match.next().captured(1));
-        if (m_programs.size() != 3)
-            giveUp(u"it has not three programs"_s);
+        if (m_programs.size() != 4)
+            giveUp(u"it has not four programs"_s);
     }
 
     void walk()
@@ -157,6 +162,12 @@ public:
         buildWalls();
         wholeGame();
         spy();
+        paint(u"thief"_s, &Tutorial::drawThief);
+        playWithMistakes();
+        seeWhereItWent();
+        askWhoCounts();
+        askWhyNothingHappened();
+        mendAll();
     }
 
 private:
@@ -300,6 +311,13 @@ private:
         color(0xFFFF00);
         stroke(ring({16.5, 17}, 14, 10, 0.45));
         fill({16, 16});
+    }
+
+    void drawThief()
+    {
+        blob(0x404040, {16.5, 16.5}, 13);
+        blob(0xFFFFFF, {12, 13}, 3.2);
+        blob(0xFFFFFF, {21, 13}, 3.2);
     }
 
     void paint(const QString& name, void (Tutorial::*draw)())
@@ -466,6 +484,143 @@ private:
         QTest::qWait(2500);
         if (isOpen("GameWindow"))
             giveUp(u"the paused game does not stop"_s);
+    }
+
+    // The three mistakes.
+
+    /// Where the green of the hero is on the picture of the game.
+    static QPointF hero()
+    {
+        const QImage picture =
+            control("GameWindow", "Display")->grab().toImage().convertToFormat(QImage::Format_RGB32);
+        QPointF sum;
+        int count = 0;
+        for (int y = 0; y < picture.height(); y += 2) {
+            for (int x = 0; x < picture.width(); x += 2) {
+                const QRgb there = picture.pixel(x, y);
+                if (qGreen(there) > qRed(there) + 60 && qGreen(there) > qBlue(there) + 60) {
+                    sum += QPointF(x, y);
+                    ++count;
+                }
+            }
+        }
+        return count > 0 ? sum / count : QPointF();
+    }
+
+    template<typename Condition> void holdUntil(Qt::Key key, Condition isThere)
+    {
+        auto* const display = control("GameWindow", "Display");
+        QTest::keyPress(display, key);
+        if (!QTest::qWaitFor(isThere, 8000))
+            giveUp(u"the hero does not get there"_s);
+        QTest::keyRelease(display, key);
+        QTest::qWait(100);
+    }
+
+    void playWithMistakes()
+    {
+        type(m_programs[3]);
+        play();
+        QTest::qWait(5000);
+        // The star is 120 pixels above the middle and as far to the right.
+        holdUntil(Qt::Key_Up, [] { return hero().y() <= 126; });
+        holdUntil(Qt::Key_Right, [] { return hero().x() >= 370; });
+        stop();
+        click("GameEditor", "TimeButton");
+        auto* const questions = control<QComboBox>("TimeWindow", "Questions");
+        goTo(80);
+        if (!QTest::qWaitFor([questions] { return questions->count() > 1; }, 5000))
+            giveUp(u"there are no questions"_s);
+    }
+
+    static void goTo(int frame)
+    {
+        auto* const text = control<QLabel>("TimeWindow", "MomentText");
+        control<QSlider>("TimeWindow", "Moments")->setValue(frame);
+        if (!QTest::qWaitFor([&] { return text->text().startsWith(u"After frame %1 of"_s.arg(frame)); },
+                             2000))
+            giveUp(u"the slider leads to: "_s + text->text());
+    }
+
+    /// The row of a list of the Time window that says something like that.
+    static QModelIndex row(const char* list, const QString& pattern)
+    {
+        auto* const view = control<QListView>("TimeWindow", list);
+        QStringList texts;
+        for (int i = 0; i < view->model()->rowCount(); ++i) {
+            const QModelIndex index = view->model()->index(i, 0);
+            texts.append(index.data().toString());
+            if (QRegularExpression(QRegularExpression::anchoredPattern(pattern))
+                    .match(texts.back())
+                    .hasMatch())
+                return index;
+        }
+        giveUp(u"nothing says \"%1\" in:\n"_s.arg(pattern) + texts.join(u'\n'));
+    }
+
+    static void clickRow(const char* list, const QString& pattern)
+    {
+        auto* const view = control<QListView>("TimeWindow", list);
+        const QModelIndex index = row(list, pattern);
+        view->scrollTo(index);
+        click(view->viewport(), view->visualRect(index).center());
+    }
+
+    static void clickPage(int page)
+    {
+        auto* const bar = control<QTabWidget>("TimeWindow", "Pages")->tabBar();
+        click(bar, bar->tabRect(page).center());
+    }
+
+    void seeWhereItWent()
+    {
+        shoot(window("TimeWindow"), "time");
+        click("GameEditor", "CodeWindowButton");
+        click(control("GameWindow", "Display"), QPoint(456, 240)); // where the thief is after 80 frames
+        clickRow("Card", u"Moved last in frame 80 by line 32"_s);
+        const QString moment = control<QLabel>("TimeWindow", "MomentText")->text();
+        if (!moment.endsWith(u"before line 32"_s))
+            giveUp(u"the sentence leads to: "_s + moment);
+    }
+
+    void askWhoCounts()
+    {
+        clickPage(0);
+        auto* const questions = control<QComboBox>("TimeWindow", "Questions");
+        questions->setCurrentText(u"When did counter$stars change?"_s);
+        row("Answers", u"Frame 1, line 44: counter\\$stars became 0"_s);
+        row("Answers", u"Frame \\d+, line 20: counter\\$stars went from 0 to 1"_s);
+        clickRow("Answers", u"Frame \\d+, line 44: counter\\$stars went from 1 to 0"_s);
+        shoot(window("TimeWindow"), "time-questions");
+    }
+
+    void askWhyNothingHappened()
+    {
+        goTo(35); // the thief is where the hero is
+        click(control("GameWindow", "Display"), QPoint(240, 240));
+        row("Card", u"It touches a thief now."_s);
+        row("Card", u"Class hero has a COLLISION block, which did not run in this frame."_s);
+        auto* const card = control<QListView>("TimeWindow", "Card");
+        card->scrollTo(row("Card", u"Touches are only looked for when a sprite moves, and it did not move in "
+                                   u"this frame."_s));
+        card->horizontalScrollBar()->setValue(0);
+        shoot(window("TimeWindow"), "time-why");
+    }
+
+    void mendAll()
+    {
+        QString mended = m_programs[3];
+        mended.replace(u"        move me\n"_s, u"        rebound me game\n        move me\n"_s);
+        mended.remove(u"        set counter$stars 0\n"_s);
+        mended.replace(u"        create star"_s, u"        set counter$stars 0\n        create star"_s);
+        mended.replace(u"    }thief"_s,
+                       u"COLLISION{\nif it.class = hero {\nsetstate lost\n}if\n}COLLISION\n}thief"_s);
+        type(mended);
+        play();
+        auto* const state = control<QLabel>("SpyWindow", "ShowState");
+        if (!QTest::qWaitFor([state] { return state->text().contains(u"lost"_s); }, 8000))
+            giveUp(u"the thief is no danger"_s);
+        stop();
     }
 
     Workbench& m_workbench;
