@@ -25,6 +25,52 @@ constexpr qint64 shortestTap = 40; // a frame at full speed and a little more
 constexpr qint64 repeatWait = 5;
 constexpr qint64 longestClick = 2000; // from the press that takes the focus to the click on Pause
 
+constexpr int letterSize = 11; // of the names over the picture, in pixels
+
+/// In the middle under the box or, at the lower edge, over it; never cut off at the sides.
+QRectF placeOfName(const QRectF& box, QSizeF size)
+{
+    constexpr double gap = 1;
+    const bool fitsBelow = box.bottom() + gap + size.height() <= fieldSize;
+    const double top = fitsBelow ? box.bottom() + gap : box.top() - gap - size.height();
+    const double left =
+        std::clamp(box.center().x() - size.width() / 2, 0.0, std::max(fieldSize - size.width(), 0.0));
+    return {QPointF(left, top), size};
+}
+
+void paintBox(QPainter& painter, const FieldBox& box)
+{
+    const QColor colour = box.touches ? QColor(0xff, 0x3b, 0x30) : QColor(0xff, 0xd6, 0x0a);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(Qt::black, 3)); // an edge, so that it is seen on every ground
+    painter.drawRect(box.place);
+    painter.setPen(QPen(colour, 1));
+    painter.drawRect(box.place);
+}
+
+void paintName(QPainter& painter, const FieldBox& box)
+{
+    const QSizeF words = painter.fontMetrics().size(Qt::TextSingleLine, box.name) + QSize(8, 0);
+    const QRectF pill = placeOfName(box.place, words);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(0, 0, 0, 190));
+    painter.drawRoundedRect(pill, pill.height() / 2, pill.height() / 2);
+    painter.setPen(Qt::white);
+    painter.drawText(pill, Qt::AlignCenter, box.name);
+}
+
+/// The names lie over all boxes.
+void paintBoxes(QPainter& painter, const std::vector<FieldBox>& boxes)
+{
+    QFont letters = painter.font();
+    letters.setPixelSize(letterSize);
+    painter.setFont(letters);
+    for (const FieldBox& box : boxes)
+        paintBox(painter, box);
+    for (const FieldBox& box : boxes)
+        paintName(painter, box);
+}
+
 } // namespace
 
 GameDisplay::GameDisplay(QWidget* parent)
@@ -44,15 +90,31 @@ void GameDisplay::setMark(const QString& mark)
     update();
 }
 
+void GameDisplay::setOverlay(std::vector<FieldBox> boxes)
+{
+    if (m_overlay == boxes)
+        return;
+    m_overlay = std::move(boxes);
+    update();
+}
+
 void GameDisplay::paintEvent(QPaintEvent* event)
 {
     forms::PictureArea::paintEvent(event);
-    if (m_mark.isEmpty())
+    if (m_mark.isEmpty() && m_overlay.empty())
         return;
-    constexpr int width = 4;
-    const QColor violet(0x7a, 0x49, 0xd6);
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
+    paintBoxes(painter, m_overlay);
+    if (!m_mark.isEmpty())
+        paintMark(painter);
+}
+
+void GameDisplay::paintMark(QPainter& painter) const
+{
+    constexpr int width = 4;
+    const QColor violet(0x7a, 0x49, 0xd6);
+    painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(violet, width));
     painter.drawRect(rect().adjusted(width / 2, width / 2, -width / 2, -width / 2));
     QFont bold = font();

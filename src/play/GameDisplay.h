@@ -5,6 +5,7 @@
 
 #include "forms/KeyCodes.h"
 #include "forms/PictureArea.h"
+#include "play/time/FieldBoxes.h"
 
 #include <QElapsedTimer>
 
@@ -30,6 +31,8 @@ public:
     void letKeysGo();
     /// A word over the picture, with a frame around it: what is shown is not what is. Empty: nothing.
     void setMark(const QString& mark);
+    /// What is drawn over the picture.
+    void setOverlay(std::vector<FieldBox> boxes);
 
 Q_SIGNALS:
     void keyDown(int keyCode, int shift);
@@ -53,11 +56,13 @@ private:
         quint64 released = 0; ///< the time of its release, while that waits
     };
 
+    void paintMark(QPainter& painter) const;
     void letGo(const QKeyEvent& release);
     std::vector<int> releaseKeys();
 
     forms::HeldKeys m_keys;
     QString m_mark;
+    std::vector<FieldBox> m_overlay;
     std::vector<int> m_lost; ///< the codes of keys that went up with the focus
     QElapsedTimer m_sinceLost;
     bool m_away = false; ///< the focus is elsewhere

@@ -160,6 +160,7 @@ void GameWindow::follow(Progress progress)
             return;
         }
     }
+    Q_EMIT advanced();
 }
 
 void GameWindow::ReportRuntimeError(const RuntimeFault& fault)
@@ -205,6 +206,11 @@ void GameWindow::showNow()
     m_display->showSurface(&m_interpreter->context().display());
     if (!m_open)
         hide();
+}
+
+void GameWindow::setOverlay(std::vector<FieldBox> boxes)
+{
+    m_display->setOverlay(std::move(boxes));
 }
 
 void GameWindow::closeEvent(QCloseEvent* event)

@@ -9,8 +9,11 @@
 #include <QTimer>
 #include <QWidget>
 
+#include <vector>
+
 class GameDisplay;
 class ZBInterpreter;
+struct FieldBox;
 
 /// The window of the running game and the timer that drives its frames; where a frame comes back because
 /// something is to be told, it tells it and goes on. It is seen only during a run. The user's closing it
@@ -47,6 +50,9 @@ public:
     /// Shows the run again; closes where there is none.
     void showNow();
 
+    /// Draws these over the picture, until others come.
+    void setOverlay(std::vector<FieldBox> boxes);
+
     /// Tells what is to be told, and goes on.
     void follow(Progress progress);
 
@@ -60,6 +66,8 @@ Q_SIGNALS:
     void aboutToShow();
     /// The run's end has closed the window.
     void closed();
+    /// The run has gone on as far as it goes for now.
+    void advanced();
     /// The user has read what went wrong.
     void told();
     /// The user has closed the window over a moment of a run that has ended.

@@ -103,8 +103,8 @@ void Recording::addKeyframe(const RunState& state)
     auto copy = std::make_shared<RunState>(state);
     copy->inputs.clear(); // those of the recording stand for them
     m_bytes += bytesOf(*copy);
-    const auto isToCome = [&](const KeyInput& input) { return input.time.tick > state.tick; };
-    const auto counted = std::ranges::find_if(m_inputs, isToCome) - m_inputs.begin();
+    const auto hasCounted = [&](const KeyInput& input) { return input.time.tick <= state.tick; };
+    const auto counted = std::ranges::partition_point(m_inputs, hasCounted) - m_inputs.begin();
     m_keyframes.push_back({std::move(copy), static_cast<std::size_t>(counted)});
     m_workSinceLast = 0;
     while (!m_keepsAll && m_bytes > m_cap && m_keyframes.size() > 2)

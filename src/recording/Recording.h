@@ -20,7 +20,7 @@ struct Moment {
     std::int64_t frame = 0;
     std::int32_t statement = 0;
 
-    auto operator<=>(const Moment&) const = default;
+    auto operator<=>(const Moment&) const = default; // NOLINT(modernize-use-nullptr)
 };
 
 /// What it takes to have every moment of a run again: its program, its files and its beginning, the keys with

@@ -32,14 +32,17 @@ void Replay::restore(const Recording::Keyframe& keyframe)
     m_isValid = true;
 }
 
-/// The recording may have got more keys since.
-void Replay::handOnInputs()
+/// Those of one tick at a time, for a run moves all that it has of them whenever one counts. The recording
+/// may have got more since the last call.
+void Replay::handOnInputs(std::int64_t tick)
 {
     const std::vector<KeyInput>& all = m_recording.inputs();
-    if (m_inputs == all.size())
-        return;
-    m_context.addInputs({all.begin() + static_cast<std::ptrdiff_t>(m_inputs), all.end()});
-    m_inputs = all.size();
+    const std::size_t first = m_inputs;
+    while (m_inputs < all.size() && all[m_inputs].time.tick <= tick)
+        ++m_inputs;
+    if (m_inputs > first)
+        m_context.addInputs({all.begin() + static_cast<std::ptrdiff_t>(first),
+                             all.begin() + static_cast<std::ptrdiff_t>(m_inputs)});
 }
 
 /// Keys came while statements of that frame waited, so its statements have to wait for them again.
@@ -53,7 +56,7 @@ bool Replay::hasInputsWithin(std::int64_t tick) const
 
 Progress Replay::beginFrame(bool inSteps)
 {
-    handOnInputs();
+    handOnInputs(state().tick + 1);
     m_isPictureThere = false;
     m_context.statements().setStepMode(inSteps);
     const Progress progress = m_context.Quantum();
@@ -63,7 +66,7 @@ Progress Replay::beginFrame(bool inSteps)
 
 Progress Replay::goOn()
 {
-    handOnInputs();
+    handOnInputs(state().tick);
     const Progress progress = m_context.advance();
     m_isValid = progress != Progress::Told;
     return progress;

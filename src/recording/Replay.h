@@ -73,7 +73,7 @@ private:
     void addHistoryLine(std::string_view line) override;
 
     void restore(const Recording::Keyframe& keyframe);
-    void handOnInputs();
+    void handOnInputs(std::int64_t tick);
     bool isAtFrame() const { return m_isValid && !m_context.inFrame(); }
     void startAt(std::int64_t frame);
     bool playFrame();

@@ -40,7 +40,7 @@ struct InputTime {
     std::int32_t block = 0;
     std::int32_t line = 0;
 
-    auto operator<=>(const InputTime&) const = default;
+    auto operator<=>(const InputTime&) const = default; // NOLINT(modernize-use-nullptr)
 };
 
 /// A key that goes down or up.

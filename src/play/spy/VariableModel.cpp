@@ -15,6 +15,7 @@ std::vector<bool> VariableModel::changesOf(const std::vector<std::string>& lines
 {
     const std::multiset<std::string_view> known(before.begin(), before.end());
     std::vector<bool> changed;
+    changed.reserve(lines.size());
     for (const std::string& line : lines)
         changed.push_back(!known.contains(line));
     return changed;

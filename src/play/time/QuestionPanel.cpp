@@ -8,6 +8,7 @@
 
 #include <QComboBox>
 #include <QLabel>
+#include <QListView>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
@@ -28,6 +29,9 @@ QuestionPanel::QuestionPanel(TimeMachine& machine)
     m_box->setMinimumContentsLength(20);
     m_box->setMaxVisibleItems(12);
     m_box->setStyleSheet(u"combobox-popup: 0"_s); // a list below it rather than one as high as the screen
+    auto* list = new QListView; // one that does not measure each of its lines
+    list->setUniformItemSizes(true);
+    m_box->setView(list);
     m_note->setObjectName(u"AnswerNote"_s);
     m_note->setWordWrap(true);
     m_note->setTextFormat(Qt::PlainText);
@@ -63,8 +67,10 @@ void QuestionPanel::setQuestions(std::vector<Question> questions)
     const QString before = m_box->currentText();
     m_questions = std::move(questions);
     m_box->clear();
+    QStringList texts; // all at once: a large program has thousands
     for (const Question& question : m_questions)
-        m_box->addItem(forms::fromUtf8(question.text));
+        texts += forms::fromUtf8(question.text);
+    m_box->addItems(texts);
     m_box->setCurrentIndex(std::max(m_box->findText(before), 0));
     m_box->setEnabled(!m_questions.empty());
 }

@@ -4,6 +4,7 @@
 #include "play/time/TimeMachine.h"
 
 #include "forms/Texts.h"
+#include "play/time/FieldBoxes.h"
 #include "recording/Explanation.h"
 #include "recording/LineLife.h"
 
@@ -68,6 +69,7 @@ TimeMachine::TimeMachine(ZBInterpreter& interpreter, Windows windows, PictureRea
         leave();
         startIndexing();
     });
+    connect(&m_windows.game, &GameWindow::advanced, this, &TimeMachine::showBoxes);
     connect(&m_windows.game, &GameWindow::clicked, this, &TimeMachine::pictureClicked);
     m_indexing.setObjectName(u"IndexTimer"_s);
     m_indexing.callOnTimeout(this, &TimeMachine::indexOn);
@@ -130,6 +132,7 @@ void TimeMachine::show(bool resting)
 {
     Replay& past = replay();
     m_windows.game.showPast(past.picture());
+    showBoxes();
     SpyWindow::PastPage page;
     Replay::History history = past.history(m_windows.spy.traceBoxes(), resting ? allStretches : 1);
     if (history.isWhole) {
@@ -170,6 +173,21 @@ void TimeMachine::setShowMap(bool on)
     if (m_replay)
         m_replay->setShowMap(on);
     refresh();
+}
+
+void TimeMachine::setShowBoxes(bool on)
+{
+    m_showsBoxes = on;
+    showBoxes();
+}
+
+void TimeMachine::showBoxes()
+{
+    if (!m_showsBoxes || (!m_isInPast && (isRunning() || !m_interpreter.isOn())))
+        m_windows.game.setOverlay({});
+    else
+        m_windows.game.setOverlay(
+            fieldBoxes(m_isInPast ? replay().state() : m_interpreter.context().state()));
 }
 
 void TimeMachine::stepForward()
@@ -231,6 +249,7 @@ void TimeMachine::leave()
         m_windows.spy.showNow();
         m_windows.code.showMomentAt(0);
     }
+    showBoxes();
     Q_EMIT changed();
 }
 

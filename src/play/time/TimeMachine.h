@@ -75,6 +75,8 @@ public:
     /// What the past is shown with has changed: the boxes of the spy window.
     void refresh();
     void setShowMap(bool on);
+    /// Whether boxes and names are drawn over the field wherever it stands still.
+    void setShowBoxes(bool on);
 
     /// The run goes on from the moment that is shown, with the keys that are held now; what came after it is
     /// kept as the old ending until the next run. False where that cannot be done now.
@@ -105,6 +107,7 @@ private:
     void startIndexing();
     void indexOn();
     void showLineMarks();
+    void showBoxes();
 
     ZBInterpreter& m_interpreter;
     Windows m_windows;
@@ -116,6 +119,7 @@ private:
     std::uint64_t m_replayed = 0;     ///< the version of the recording that it was made for
     bool m_isInPast = false;
     bool m_showsMap = false;
+    bool m_showsBoxes = false;
     std::vector<std::string> m_variables; ///< those that were shown last
     QTimer m_rest;                        ///< after which all of the history is shown
     std::unique_ptr<RunIndex> m_index;

@@ -11,6 +11,7 @@
 #include "play/time/MarkBar.h"
 #include "play/time/QuestionPanel.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -50,6 +51,19 @@ constexpr std::array speeds = {Speed{u"\u00bc", 0.25}, Speed{u"\u00bd", 0.5}, Sp
                                Speed{u"2", 2},         Speed{u"5", 5},        Speed{u"20", 20}};
 constexpr int usualSpeed = 2;
 
+/// One that leaves the wheel to its window, for which a notch is a frame.
+class MomentSlider : public QSlider
+{
+public:
+    MomentSlider()
+        : QSlider(Qt::Horizontal)
+    {
+    }
+
+protected:
+    void wheelEvent(QWheelEvent* event) override { event->ignore(); }
+};
+
 } // namespace
 
 struct TimeWindow::ButtonRow {
@@ -61,13 +75,14 @@ TimeWindow::TimeWindow(TimeMachine& machine)
     : m_machine(machine)
     , m_momentText(new QLabel)
     , m_marks(new MarkBar)
-    , m_moments(new QSlider(Qt::Horizontal))
+    , m_moments(new MomentSlider)
     , m_strip(new FilmStrip)
     , m_keys(new KeyCaps)
     , m_questions(new QuestionPanel(machine))
     , m_card(new CardPanel)
     , m_pages(new QTabWidget)
     , m_speed(new QComboBox)
+    , m_boxes(new QCheckBox(u"Show &boxes and names"_s))
     , m_goOn(new QPushButton(u"&Go on from here"_s))
     , m_oldEnding(new QPushButton(u"The &old ending"_s))
 {
@@ -165,6 +180,10 @@ QLayout* TimeWindow::makeButtons()
     line->addWidget(caption);
     line->addWidget(m_speed);
     line->addStretch(1);
+    m_boxes->setObjectName(u"ShowBoxes"_s);
+    m_boxes->setToolTip(u"Two sprites touch when their boxes overlap"_s);
+    connect(m_boxes, &QCheckBox::toggled, &m_machine, &TimeMachine::setShowBoxes);
+    line->addWidget(m_boxes);
     return line;
 }
 
@@ -284,8 +303,13 @@ void TimeWindow::ToNow_Click()
 void TimeWindow::wheelEvent(QWheelEvent* event)
 {
     stopPlaying();
-    if (const int delta = event->angleDelta().y())
-        m_machine.moveFrames(delta > 0 ? -1 : 1);
+    constexpr int notch = 120;
+    const QPoint turned = event->angleDelta();
+    m_wheel += turned.y() != 0 ? turned.y() : turned.x();
+    const int notches = m_wheel / notch; // a pad turns by parts of one
+    m_wheel -= notches * notch;
+    if (notches != 0)
+        m_machine.moveFrames(-notches);
     event->accept();
 }
 
@@ -359,6 +383,7 @@ void TimeWindow::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
     m_follow.start();
+    m_machine.setShowBoxes(m_boxes->isChecked());
     refresh();
 }
 
@@ -368,6 +393,7 @@ void TimeWindow::hideEvent(QHideEvent* event)
     stopPlaying();
     m_seek.stop();
     m_follow.stop();
+    m_machine.setShowBoxes(false);
     m_machine.leave();
     m_strippedRun = nullptr;
     m_strippedFrames = -1;

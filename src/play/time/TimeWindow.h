@@ -15,6 +15,7 @@ class FilmStrip;
 class KeyCaps;
 class MarkBar;
 class QuestionPanel;
+class QCheckBox;
 class QComboBox;
 class QLabel;
 class QLayout;
@@ -82,6 +83,7 @@ private:
     CardPanel* m_card;
     QTabWidget* m_pages;
     QComboBox* m_speed;
+    QCheckBox* m_boxes;
     QToolButton* m_toBegin = nullptr;
     QToolButton* m_frameBack = nullptr;
     QToolButton* m_stepBack = nullptr;
@@ -98,6 +100,7 @@ private:
     QElapsedTimer m_sinceShown;
     int m_direction = 0; ///< in which it plays; 0: not
     double m_part = 0;   ///< of a frame that is still to be played
+    int m_wheel = 0;     ///< what the wheel has turned of its next notch
     std::int64_t m_shownFrames = -1;
     // What the strip shows.
     const Recording* m_strippedRun = nullptr;
