@@ -412,6 +412,7 @@ void TimeWindow::refreshStrip()
 /// The run has gone on, or another one has begun.
 void TimeWindow::follow()
 {
+    m_plays->refresh(); // it may wait now
     if (!m_machine.isInPast() && m_machine.recording().frames() != m_shownFrames)
         refresh();
 }
