@@ -21,6 +21,7 @@ zb_window_test(FormsTest forms/FormsTest.cpp forms/NameOrderTest.cpp forms/Windo
     platform/qt/PicturesLikeQtTest.cpp LIBS zb_forms)
 zb_window_test(SpyWindowTest play/spy/SpyWindowTest.cpp LIBS zb_play_forms)
 zb_window_test(TimeWindowTest play/TimeWindowTest.cpp LIBS zb_play_forms)
+zb_window_test(PlayPanelTest play/PlayPanelTest.cpp LIBS zb_play_forms)
 zb_window_test(GameEditorTest play/GameEditorTest.cpp play/GamePlayerTest.cpp LIBS zb_play_forms)
 zb_window_test(SpriteEditorTest sprites/SpriteEditorTest.cpp LIBS zb_sprite_forms)
 zb_window_test(SpriteTest sprites/FramePaintingTest.cpp sprites/SpriteFilesTest.cpp sprites/SpriteModelTest.cpp sprites/SpriteStrokesTest.cpp

@@ -10,6 +10,9 @@
 #include "forms/Style.h"
 #include "forms/Texts.h"
 #include "forms/WindowPlacement.h"
+#include "play/time/PinWatch.h"
+#include "play/time/PlayKeeper.h"
+#include "play/time/PlayPanel.h"
 #include "play/time/TimeWindow.h"
 #include "runtime/ZBInterpreter.h"
 #include "runtime/world/Field.h"
@@ -19,6 +22,7 @@
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPainter>
 #include <QRandomGenerator>
 #include <QScreen>
 #include <QSlider>
@@ -37,6 +41,19 @@ constexpr int gap = 8;
 constexpr int margin = 12;
 constexpr int fastest = 1800;
 constexpr int haltRetry = 200;
+constexpr auto timeTip = u"Go Back in Time";
+
+/// The picture of the button with a smaller one in its corner.
+QIcon withSign(const char* name, const char* sign, QSize size, qreal ratio)
+{
+    QPixmap picture = forms::icon(name).pixmap(size, ratio);
+    const QSize small = size / 2;
+    QPainter painter(&picture);
+    painter.drawPixmap(size.width() - small.width(), size.height() - small.height(),
+                       forms::icon(sign).pixmap(small, ratio));
+    painter.end();
+    return picture;
+}
 
 } // namespace
 
@@ -93,7 +110,11 @@ void GameEditor::Form_Load()
     m_timeMachine = std::make_unique<TimeMachine>(
         *m_interpreter, TimeMachine::Windows{.game = m_gameWindow, .spy = *m_spy, .code = *m_codeEditor},
         m_desk.pictures());
-    m_timeWindow = std::make_unique<TimeWindow>(*m_timeMachine);
+    m_plays = std::make_unique<PlayKeeper>(m_desk.installation(), module.gamePath());
+    m_pins = std::make_unique<PinWatch>(*m_timeMachine, *m_plays);
+    connect(m_pins.get(), &PinWatch::changed, this, &GameEditor::showPins);
+    m_timeWindow = std::make_unique<TimeWindow>(*m_timeMachine,
+                                                new PlayPanel(*m_timeMachine, *m_plays, *m_pins, m_desk));
     connect(m_timeWindow.get(), &TimeWindow::lineChosen, this, &GameEditor::showLine);
     m_codeEditor->setLineAsked([this](int line) {
         TimeButton_Click();
@@ -134,7 +155,7 @@ void GameEditor::buildControls()
         {&GameEditor::m_propWindow, {{"PropWindowButton", "properties", u"Prop&erties", u"Show the Properties Window"}, &GameEditor::PropWindowButton_Click}},
         {&GameEditor::m_resWindow, {{"ResWindowButton", "resources", u"&Resources", u"Show the Resources Window"}, &GameEditor::ResWindowButton_Click}},
         {&GameEditor::m_spyWindow, {{"SpyWindowButton", "spy", u"Sp&y", u"Show the Spy Window"}, &GameEditor::SpyWindowButton_Click}},
-        {&GameEditor::m_time, {{"TimeButton", "time", u"T&ime", u"Go Back in Time"}, &GameEditor::TimeButton_Click}},
+        {&GameEditor::m_time, {{"TimeButton", "time", u"T&ime", timeTip}, &GameEditor::TimeButton_Click}},
     }};
     // clang-format on
     constexpr int runIcon = 40;
@@ -264,6 +285,7 @@ int GameEditor::framesPerMinute() const
 void GameEditor::PlayButton_Click()
 {
     if (m_interpreter->context().InterpreterRunning()) {
+        m_timeMachine->showRun(nullptr);
         m_timeMachine->leave();
         m_interpreter->ResumeGame();
         m_gameWindow.activateWindow(); // the keys are for the game again, as after its start
@@ -277,7 +299,9 @@ void GameEditor::PlayButton_Click()
     m_timeMachine->forget();
     m_codeEditor->runBegins();
     QCoreApplication::processEvents(); // a click on Stop, or on the cross of this window, counts now
-    m_gameWindow.follow(m_interpreter->startRun(m_codeEditor->text()));
+    const std::string text = m_codeEditor->text();
+    m_pins->begin(text);
+    m_gameWindow.follow(m_interpreter->startRun(text));
 }
 
 void GameEditor::PauseButton_Click()
@@ -343,6 +367,18 @@ void GameEditor::showLine(int line)
 {
     if (m_codeEditor->isVisible())
         m_codeEditor->showMomentAt(line);
+}
+
+/// A sign says how the pinned plays go.
+void GameEditor::showPins()
+{
+    const std::string summary = m_pins->summary();
+    const bool isTold = !summary.empty() && m_pins->isOver();
+    m_time->setIcon(isTold ? withSign("time", m_pins->differences().empty() ? "ok" : "warning",
+                                      m_time->iconSize(), devicePixelRatioF())
+                           : forms::icon("time"));
+    const QString tip = QString::fromUtf16(timeTip);
+    m_time->setToolTip(isTold ? tip + u'\n' + forms::fromUtf8(summary) : tip);
 }
 
 void GameEditor::TimeButton_Click()

@@ -18,6 +18,8 @@ class QCheckBox;
 class QLayout;
 class QSlider;
 class QToolButton;
+class PinWatch;
+class PlayKeeper;
 class TimeWindow;
 
 /// The workbench for one game: run controls, speed, and the way to the game's other windows. Owns the
@@ -67,6 +69,7 @@ private:
     bool mayClose();
     void leave();
     void showLine(int line);
+    void showPins();
 
     Desk& m_desk;
     const GameRecord& m_game;
@@ -91,5 +94,7 @@ private:
     std::unique_ptr<ParseError> m_parseError;
     std::unique_ptr<ZBInterpreter> m_interpreter;
     std::unique_ptr<TimeMachine> m_timeMachine;
+    std::unique_ptr<PlayKeeper> m_plays;
+    std::unique_ptr<PinWatch> m_pins;
     std::unique_ptr<TimeWindow> m_timeWindow;
 };

@@ -7,6 +7,7 @@
 #include "play/time/FieldBoxes.h"
 #include "recording/Explanation.h"
 #include "recording/LineLife.h"
+#include "recording/PlaySums.h"
 
 #include <QElapsedTimer>
 
@@ -112,9 +113,8 @@ void TimeMachine::goTo(Moment moment, bool resting)
 {
     if (isEmpty() || m_windows.game.isTelling())
         return;
-    if (isOn() && !m_interpreter.StepMode())
-        m_interpreter.PauseGame();
-    if (isOn() && !m_interpreter.StepMode())
+    pause();
+    if (isRunning())
         return; // it is being stopped
     startIndexing();
     const Moment end = last();
@@ -126,6 +126,21 @@ void TimeMachine::goTo(Moment moment, bool resting)
         return;
     m_isInPast = true;
     show(resting);
+}
+
+void TimeMachine::pause()
+{
+    if (isRunning())
+        m_interpreter.PauseGame();
+}
+
+const Surface& TimeMachine::picture()
+{
+    if (!m_isInPast && isOn())
+        return m_interpreter.context().display();
+    if (!m_isInPast)
+        replay().seek(last());
+    return replay().picture();
 }
 
 void TimeMachine::show(bool resting)
@@ -150,7 +165,7 @@ void TimeMachine::show(bool resting)
     page.variables = past.variables();
     page.variablesBefore = std::exchange(m_variables, page.variables);
     m_windows.spy.showPast(page);
-    m_windows.code.showMomentAt(past.line());
+    m_windows.code.showMomentAt(m_linesFit ? past.line() : 0);
     if (resting)
         m_rest.stop();
     else
@@ -303,6 +318,8 @@ void TimeMachine::indexOn()
 
 void TimeMachine::showLineMarks()
 {
+    if (!m_linesFit)
+        return;
     const LineArray& lines = *recording().beginning().lines;
     const LineLife life(*m_index, lines);
     std::vector<LineMark> marks;
@@ -328,8 +345,13 @@ std::optional<SpriteCard> TimeMachine::cardAt(QPoint place)
 
 void TimeMachine::forget()
 {
-    m_oldEndingShown = false;
+    const auto before = std::move(m_other); // until nobody shows it any more
+    const auto ending = std::move(m_oldEnding);
+    m_other.reset();
     m_oldEnding.reset();
+    m_playName.clear();
+    m_counted = 0;
+    m_linesFit = true;
     m_replay.reset();
     m_index.reset();
     m_indexing.stop();
@@ -346,7 +368,7 @@ bool TimeMachine::goOnFromHere(bool paused)
     state.inputs.clear(); // those of the old ending
     const bool wasOn = isOn();
     const std::vector<int> held = wasOn ? m_interpreter.context().keysDown() : std::vector<int>();
-    if (m_oldEndingShown)
+    if (m_other)
         return false;
     auto oldEnding = m_recording.copy();
     if (!m_interpreter.goOnFrom(state, m_recording.files(), true))
@@ -372,16 +394,44 @@ bool TimeMachine::goOnFromHere(bool paused)
 
 void TimeMachine::showOldEnding(bool on)
 {
-    if (!m_oldEnding || on == m_oldEndingShown)
+    if (m_oldEnding && on != isOldEndingShown())
+        showOther(on ? m_oldEnding : nullptr);
+}
+
+void TimeMachine::showRun(std::shared_ptr<const Recording> play, const std::string& name)
+{
+    if (play == m_other)
         return;
-    if (isOn() && !m_interpreter.StepMode())
-        m_interpreter.PauseGame();
+    m_playName = name;
+    showOther(std::move(play));
+}
+
+void TimeMachine::showOther(std::shared_ptr<const Recording> other)
+{
+    pause();
     leave();
-    m_oldEndingShown = on;
+    const auto before = std::exchange(m_other, std::move(other)); // until nobody shows it any more
     m_replay.reset();
     m_index.reset();
+    countLines();
+    Q_EMIT runShown();
     startIndexing();
     toNow();
+    Q_EMIT changed();
+}
+
+/// The code editor counts the lines of one program. A kept play goes through the one that is in it now.
+void TimeMachine::countLines()
+{
+    if (isEmpty())
+        return;
+    const std::uint64_t shown = programSum(*recording().beginning().lines);
+    const std::uint64_t last = m_recording.isEmpty() ? 0 : programSum(*m_recording.beginning().lines);
+    if (isPlayShown() && shown != (m_counted != 0 ? m_counted : last)) {
+        m_windows.code.runBegins();
+        m_counted = shown;
+    }
+    m_linesFit = shown == (m_counted != 0 ? m_counted : last);
 }
 
 std::vector<int> TimeMachine::keysDown()

@@ -37,9 +37,9 @@ public:
     ~TimeMachine() override;
 
     /// Nothing has been played, or nothing can be shown at this instant.
-    bool isEmpty() const { return m_recording.isEmpty(); }
-    /// What is shown: the last run, or its old ending.
-    const Recording& recording() const { return m_oldEndingShown ? *m_oldEnding : m_recording; }
+    bool isEmpty() const { return recording().isEmpty(); }
+    /// What is shown: the last run, or another that is shown instead of it.
+    const Recording& recording() const { return m_other ? *m_other : m_recording; }
     PictureReader& pictures() { return m_pictures; }
     bool isInPast() const { return m_isInPast; }
     /// The moment that is shown; outside the past the last.
@@ -57,7 +57,7 @@ public:
     std::optional<SpriteCard> cardAt(QPoint place);
 
     /// A run is on, so that there is a now to come back to.
-    bool isOn() const { return m_interpreter.isOn() && !m_oldEndingShown; }
+    bool isOn() const { return m_interpreter.isOn() && !m_other; }
 
     /// Shows a moment. `resting`: the user stays there, so that all of the history is wanted.
     void goTo(Moment moment, bool resting = true);
@@ -82,8 +82,20 @@ public:
     /// kept as the old ending until the next run. False where that cannot be done now.
     bool goOnFromHere(bool paused = false);
     bool hasOldEnding() const { return m_oldEnding != nullptr; }
-    bool isOldEndingShown() const { return m_oldEndingShown; }
+    bool isOldEndingShown() const { return m_other && m_other == m_oldEnding; }
     void showOldEnding(bool on);
+    /// Shows a kept play, which goes through the program as it is now, instead of the last run; null leads
+    /// back to that.
+    void showRun(std::shared_ptr<const Recording> play, const std::string& name = {});
+    bool isPlayShown() const { return m_other && m_other != m_oldEnding; }
+    /// The name of the play that is shown.
+    const std::string& playName() const { return m_playName; }
+    /// The program as it would be played now.
+    std::string programText() const { return m_windows.code.text(); }
+    /// The picture of the moment that is shown. There is one where a run waits or is over.
+    const Surface& picture();
+    /// A run that goes on waits from now on.
+    void pause();
 
     /// The codes of the keys that are down at the moment that is shown.
     std::vector<int> keysDown();
@@ -99,6 +111,8 @@ Q_SIGNALS:
     void pictureClicked(QPoint place);
     /// All is known of the run that is shown.
     void indexed();
+    /// Another run is shown than before.
+    void runShown();
 
 private:
     Replay& replay();
@@ -108,13 +122,18 @@ private:
     void indexOn();
     void showLineMarks();
     void showBoxes();
+    void showOther(std::shared_ptr<const Recording> other);
+    void countLines();
 
     ZBInterpreter& m_interpreter;
     Windows m_windows;
     PictureReader& m_pictures;
     Recording m_recording;
     std::shared_ptr<Recording> m_oldEnding;
-    bool m_oldEndingShown = false;
+    std::shared_ptr<const Recording> m_other; ///< that is shown instead of the last run
+    std::string m_playName;
+    std::uint64_t m_counted = 0; ///< sum of the program whose lines the code editor counts; 0: the last run's
+    bool m_linesFit = true;      ///< they are those of the run that is shown
     std::unique_ptr<Replay> m_replay; ///< of what is shown; made when it is first asked for
     std::uint64_t m_replayed = 0;     ///< the version of the recording that it was made for
     bool m_isInPast = false;

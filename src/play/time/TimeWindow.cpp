@@ -5,10 +5,12 @@
 
 #include "forms/ActionRow.h"
 #include "forms/Icons.h"
+#include "forms/Texts.h"
 #include "play/time/CardPanel.h"
 #include "play/time/FilmStrip.h"
 #include "play/time/KeyCaps.h"
 #include "play/time/MarkBar.h"
+#include "play/time/PlayPanel.h"
 #include "play/time/QuestionPanel.h"
 
 #include <QCheckBox>
@@ -71,7 +73,7 @@ struct TimeWindow::ButtonRow {
     forms::ActionOf<TimeWindow> action;
 };
 
-TimeWindow::TimeWindow(TimeMachine& machine)
+TimeWindow::TimeWindow(TimeMachine& machine, PlayPanel* plays)
     : m_machine(machine)
     , m_momentText(new QLabel)
     , m_marks(new MarkBar)
@@ -80,11 +82,13 @@ TimeWindow::TimeWindow(TimeMachine& machine)
     , m_keys(new KeyCaps)
     , m_questions(new QuestionPanel(machine))
     , m_card(new CardPanel)
+    , m_plays(plays)
     , m_pages(new QTabWidget)
     , m_speed(new QComboBox)
     , m_boxes(new QCheckBox(u"Show &boxes and names"_s))
     , m_goOn(new QPushButton(u"&Go on from here"_s))
     , m_oldEnding(new QPushButton(u"The &old ending"_s))
+    , m_lastRun(new QPushButton(u"Back to the l&ast run"_s))
 {
     setObjectName(u"TimeWindow"_s);
     setWindowTitle(u"Time"_s);
@@ -129,6 +133,11 @@ TimeWindow::TimeWindow(TimeMachine& machine)
     connect(&m_machine, &TimeMachine::indexed, this, [this] {
         showMarks();
         m_questions->refresh();
+    });
+    connect(&m_machine, &TimeMachine::runShown, this, [this] {
+        m_card->clear();
+        m_questions->refresh();
+        showMarks();
     });
     connect(&m_machine, &TimeMachine::pictureClicked, this, &TimeWindow::showCard);
     connect(&m_machine, &TimeMachine::forgotten, this, [this] {
@@ -196,10 +205,14 @@ QLayout* TimeWindow::makeSpeed()
     m_oldEnding->setCheckable(true);
     connect(m_goOn, &QPushButton::clicked, this, &TimeWindow::GoOnFromHere_Click);
     connect(m_oldEnding, &QPushButton::clicked, this, &TimeWindow::OldEnding_Click);
+    forms::setUpButton(*m_lastRun, "LastRun", "go-on", u"Leave the kept play that is shown"_s);
+    m_lastRun->setIconSize(QSize(buttonIcon, buttonIcon));
+    connect(m_lastRun, &QPushButton::clicked, this, &TimeWindow::LastRun_Click);
     auto* line = new QHBoxLayout;
     line->setSpacing(gap);
     line->addWidget(m_goOn);
     line->addWidget(m_oldEnding);
+    line->addWidget(m_lastRun);
     line->addWidget(m_keys, 1);
     return line;
 }
@@ -210,6 +223,7 @@ QWidget* TimeWindow::makePages()
     m_pages->setDocumentMode(true);
     m_pages->addTab(m_questions, u"&Questions"_s);
     m_pages->addTab(m_card, u"&Why"_s);
+    m_pages->addTab(m_plays, u"P&lays"_s);
     connect(m_marks, &MarkBar::momentChosen, this, [this](Moment moment) { m_machine.goTo(moment); });
     connect(m_questions, &QuestionPanel::chosen, this, &TimeWindow::goTo);
     connect(m_card, &CardPanel::chosen, this, &TimeWindow::goTo);
@@ -377,6 +391,12 @@ void TimeWindow::OldEnding_Click()
     refresh();
 }
 
+void TimeWindow::LastRun_Click()
+{
+    stopPlaying();
+    m_machine.showRun(nullptr);
+}
+
 // What is shown.
 
 void TimeWindow::showEvent(QShowEvent* event)
@@ -394,6 +414,7 @@ void TimeWindow::hideEvent(QHideEvent* event)
     m_seek.stop();
     m_follow.stop();
     m_machine.setShowBoxes(false);
+    m_plays->stopWork();
     m_machine.leave();
     m_strippedRun = nullptr;
     m_strippedFrames = -1;
@@ -417,6 +438,7 @@ void TimeWindow::refreshStrip()
 /// The run has gone on, or another one has begun.
 void TimeWindow::follow()
 {
+    m_plays->refresh(); // it may wait now
     if (!m_machine.isInPast() && m_machine.recording().frames() != m_shownFrames)
         refresh();
 }
@@ -434,6 +456,8 @@ QString TimeWindow::momentText(Moment moment)
         text += u", before line %1"_s.arg(line);
     if (!m_machine.isInPast() && m_machine.isOn())
         text += u"  (now)"_s;
+    if (m_machine.isPlayShown())
+        text = forms::fromUtf8(m_machine.playName()).simplified() + u": "_s + text;
     return text;
 }
 
@@ -457,8 +481,10 @@ void TimeWindow::refresh()
     for (QToolButton* button : {m_toBegin, m_frameBack, m_stepBack, m_playBack, m_playForward, m_stepForward,
                                 m_frameForward, m_toNow})
         button->setEnabled(!isEmpty);
-    m_goOn->setEnabled(m_machine.isInPast() && !m_machine.isOldEndingShown());
+    m_goOn->setEnabled(m_machine.isInPast() && !m_machine.isOldEndingShown() && !m_machine.isPlayShown());
     m_oldEnding->setVisible(m_machine.hasOldEnding());
+    m_lastRun->setVisible(m_machine.isPlayShown());
+    m_plays->refresh();
     m_oldEnding->setChecked(m_machine.isOldEndingShown());
     m_shownFrames = frames;
     refreshStrip();

@@ -14,6 +14,7 @@ class CardPanel;
 class FilmStrip;
 class KeyCaps;
 class MarkBar;
+class PlayPanel;
 class QuestionPanel;
 class QCheckBox;
 class QComboBox;
@@ -30,7 +31,8 @@ class TimeWindow : public QWidget
 {
     Q_OBJECT
 public:
-    explicit TimeWindow(TimeMachine& machine);
+    /// `plays` is its third page.
+    TimeWindow(TimeMachine& machine, PlayPanel* plays);
 
     void ToBegin_Click();
     void FrameBack_Click();
@@ -42,6 +44,7 @@ public:
     void PlayForward_Click();
     void GoOnFromHere_Click();
     void OldEnding_Click();
+    void LastRun_Click();
     void Moments_Change();
     /// Shows when a line of the program ran.
     void askAboutLine(int line);
@@ -81,6 +84,7 @@ private:
     KeyCaps* m_keys;
     QuestionPanel* m_questions;
     CardPanel* m_card;
+    PlayPanel* m_plays;
     QTabWidget* m_pages;
     QComboBox* m_speed;
     QCheckBox* m_boxes;
@@ -94,6 +98,7 @@ private:
     QToolButton* m_toNow = nullptr;
     QPushButton* m_goOn;
     QPushButton* m_oldEnding;
+    QPushButton* m_lastRun;
     QTimer m_seek;   ///< so that a slider that is dragged asks for no more moments than can be seen
     QTimer m_follow; ///< looks for new frames while a run goes on
     QTimer m_player;
