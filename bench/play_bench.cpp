@@ -7,10 +7,10 @@
 // screen with QT_QPA_PLATFORM=offscreen.
 #include "forms/Style.h"
 #include "play/GameDisplay.h"
-#include "runtime/world/Field.h"
 #include "play/GameEditor.h"
 #include "runtime/ZBContext.h"
 #include "runtime/ZBInterpreter.h"
+#include "runtime/world/Field.h"
 #include "support/PlayDesk.h"
 
 #include <QApplication>
