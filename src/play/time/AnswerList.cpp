@@ -13,8 +13,9 @@ AnswerList::AnswerList(const char* name, const QString& accessibleName)
     setObjectName(QLatin1String(name));
     setAccessibleName(accessibleName);
     setEditTriggers(NoEditTriggers);
-    setUniformItemSizes(true);
-    setHorizontalScrollMode(ScrollPerPixel);
+    setWordWrap(true);
+    setResizeMode(Adjust);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setModel(m_model);
     connect(this, &QListView::clicked, this, &AnswerList::choose);
     connect(this, &QListView::activated, this, &AnswerList::choose);

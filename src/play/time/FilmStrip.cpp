@@ -75,7 +75,8 @@ QRect FilmStrip::cell(int index) const
 
 qint64 FilmStrip::frameOf(int index) const
 {
-    return cells() > 1 ? m_frames * index / (cells() - 1) : 0;
+    // Before the first frame there is nothing to be seen.
+    return cells() > 1 ? std::max(m_frames * index / (cells() - 1), std::min<qint64>(m_frames, 1)) : m_frames;
 }
 
 void FilmStrip::makeNext()

@@ -29,7 +29,7 @@ QuestionPanel::QuestionPanel(TimeMachine& machine)
     m_box->setMinimumContentsLength(20);
     m_box->setMaxVisibleItems(12);
     m_box->setStyleSheet(u"combobox-popup: 0"_s); // a list below it rather than one as high as the screen
-    auto* list = new QListView; // one that does not measure each of its lines
+    auto* list = new QListView;                   // one that does not measure each of its lines
     list->setUniformItemSizes(true);
     m_box->setView(list);
     m_note->setObjectName(u"AnswerNote"_s);

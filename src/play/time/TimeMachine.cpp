@@ -291,11 +291,16 @@ std::vector<std::string> TimeMachine::explanations(const std::vector<std::string
 
 void TimeMachine::startIndexing()
 {
-    if (isEmpty())
+    if (isEmpty() || (m_index && m_known == extentOf(recording())))
         return;
     if (!m_index)
         m_index = std::make_unique<RunIndex>(recording(), m_pictures);
     m_indexing.start(0);
+}
+
+TimeMachine::Extent TimeMachine::extentOf(const Recording& recording)
+{
+    return {recording.version(), recording.frames(), recording.isBroken()};
 }
 
 void TimeMachine::indexOn()
@@ -312,6 +317,7 @@ void TimeMachine::indexOn()
     if (hasMore)
         return;
     m_indexing.stop();
+    m_known = extentOf(recording());
     showLineMarks();
     Q_EMIT indexed();
 }
@@ -385,6 +391,8 @@ bool TimeMachine::goOnFromHere(bool paused)
                 context.KeyUp(code, 0);
         }
     m_replay.reset();
+    m_index.reset();
+    Q_EMIT indexed(); // nothing is known of what comes now
     leave();
     m_windows.spy.setVariables(context.DumpVariablesInto());
     if (!paused)

@@ -50,6 +50,8 @@ public:
     /// What is known of the run that is shown; null where there is none. It is found out bit by bit while no
     /// frame is to be played.
     const RunIndex* index() const { return m_index.get(); }
+    /// Begins to find that out, where the run waits or is over.
+    void startIndexing();
     /// What happened in the frame that one sees at a moment.
     Answers whatHappened(Moment moment);
     /// The card of the sprite at a place of the field, in pixels, at the moment that is shown. Nothing where
@@ -118,7 +120,15 @@ private:
     Replay& replay();
     void show(bool resting);
     std::vector<std::string> explanations(const std::vector<std::string>& history);
-    void startIndexing();
+    /// How much of a run there is.
+    struct Extent {
+        std::uint64_t version = 0;
+        std::int64_t frames = -1;
+        bool isBroken = false;
+
+        bool operator==(const Extent&) const = default;
+    };
+    static Extent extentOf(const Recording& recording);
     void indexOn();
     void showLineMarks();
     void showBoxes();
@@ -143,4 +153,5 @@ private:
     QTimer m_rest;                        ///< after which all of the history is shown
     std::unique_ptr<RunIndex> m_index;
     QTimer m_indexing;
+    Extent m_known; ///< what the index is of
 };

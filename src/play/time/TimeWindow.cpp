@@ -439,6 +439,8 @@ void TimeWindow::refreshStrip()
 void TimeWindow::follow()
 {
     m_plays->refresh(); // it may wait now
+    if (!m_machine.isRunning())
+        m_machine.startIndexing();
     if (!m_machine.isInPast() && m_machine.recording().frames() != m_shownFrames)
         refresh();
 }
