@@ -3,14 +3,27 @@
 
 #include "play/time/TimeWindow.h"
 
+#include "play/time/FieldBoxes.h"
 #include "support/Workshop.h"
 
+#include <QComboBox>
 #include <QLabel>
 #include <QSlider>
 #include <QToolButton>
+#include <QWheelEvent>
+
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace
 {
+
+const std::string ballsProgram =
+    "program{\r\nclasses{\r\nball{\r\n}ball\r\n}classes\r\nstates{\r\nbegin{\r\ninitialize{\r\ncreate ball 1 "
+    "\"dot\" 0 0 0 0 0\r\n}initialize\r\nloop{\r\nset counter$n "
+    "1\r\n}loop\r\n}begin\r\n}states\r\n}program\r\n";
 
 class TimeTravel : public Workshop
 {
@@ -214,6 +227,143 @@ TEST_F(TimeTravel, SurvivesWindowsThatCloseInTheMiddle)
         EXPECT_TRUE(co_await past(QStringLiteral("1")));
         close();
     }());
+}
+
+TEST_F(TimeTravel, GoesByWheelAndKeys)
+{
+    perform([this]() -> Script {
+        click(u"PlayButton");
+        co_await played(45);
+        openTime();
+        drag(20);
+        EXPECT_TRUE(co_await past(QStringLiteral("20")));
+        const int last = slider()->maximum();
+        const auto turn = [](QWidget* over, int delta) {
+            const QPointF place = over->rect().center();
+            QWheelEvent event(place, over->mapToGlobal(place), {}, QPoint(0, delta), Qt::NoButton,
+                              Qt::NoModifier, Qt::NoScrollPhase, false);
+            QSpontaneKeyEvent::setSpontaneous(&event); // only those go on to the widget behind
+            qApp->notify(over, &event);
+        };
+        auto* marks = find<QWidget>(u"Marks");
+        struct Way {
+            std::function<void()> go;
+            int frame;
+        };
+        const auto press = [this](Qt::Key key) { return [this, key] { QTest::keyClick(slider(), key); }; };
+        for (const Way& way : {
+                 Way{[&] { turn(slider(), -120); }, 21},
+                 Way{[&] { turn(marks, -240); }, 23},
+                 Way{[&] { turn(marks, 120); }, 22},
+                 Way{[&] { turn(slider(), 60); }, 22}, // half a notch, as pads turn
+                 Way{[&] { turn(slider(), 60); }, 21},
+                 Way{press(Qt::Key_Right), 22},
+                 Way{press(Qt::Key_Left), 21},
+                 Way{press(Qt::Key_PageUp), 21 + last / 10},
+                 Way{press(Qt::Key_PageDown), 21},
+                 Way{press(Qt::Key_Home), 0},
+             }) {
+            way.go();
+            EXPECT_TRUE(co_await until([&] {
+                return slider()->value() == way.frame &&
+                       momentText().startsWith(QStringLiteral("After frame %1 of").arg(way.frame));
+            })) << way.frame
+                << ": " << momentText().toStdString();
+        }
+        QTest::keyClick(slider(), Qt::Key_End);
+        EXPECT_TRUE(co_await until([&] { return slider()->value() == last; }));
+    }());
+}
+
+TEST_F(TimeTravel, DrawsBoxesWhereTheGameStandsStill)
+{
+    desk.writeGraphic();
+    desk.code.program = ballsProgram;
+    perform([this]() -> Script {
+        const auto middle = [this] {
+            return find<QWidget>(u"Display")->grab(QRect(200, 220, 80, 60)).toImage();
+        };
+        click(u"PlayButton");
+        co_await played(8);
+        const QImage bare = middle();
+        const auto isBoxed = [&] { return middle() != bare; };
+        openTime();
+        auto* boxes = find<QAbstractButton>(u"ShowBoxes");
+        boxes->click();
+        EXPECT_FALSE(isBoxed()) << "it runs";
+        click(u"PauseButton");
+        co_await waits();
+        EXPECT_TRUE(co_await until([&] { return isBoxed(); }));
+        drag(4);
+        EXPECT_TRUE(co_await until([this] { return isPast(); }));
+        EXPECT_TRUE(isBoxed());
+        boxes->click();
+        EXPECT_FALSE(isBoxed());
+        boxes->click();
+        EXPECT_TRUE(isBoxed());
+        click(u"PlayButton");
+        EXPECT_TRUE(co_await until([&] { return !isBoxed(); }));
+        click(u"PauseButton");
+        EXPECT_TRUE(co_await until([&] { return isBoxed(); }));
+        find<QWidget>(u"TimeWindow")->close();
+        EXPECT_FALSE(isBoxed());
+    }());
+}
+
+TEST_F(TimeTravel, AsksALargeProgram)
+{
+    std::string first;
+    for (int i = 0; i < 10'000; ++i)
+        first += "set counter$v" + std::to_string(i) + " 1\r\n";
+    desk.code.program = programOf(first, "change counter$v0 1");
+    perform([this]() -> Script {
+        click(u"PlayButton");
+        co_await played(4);
+        openTime();
+        auto* questions = find<QComboBox>(u"Questions");
+        drag(2);
+        EXPECT_TRUE(co_await until([&] { return questions->count() > 10'000; }));
+        questions->showPopup();
+        EXPECT_TRUE(questions->view()->isVisible());
+        questions->hidePopup();
+        questions->setCurrentIndex(questions->findText(QStringLiteral("When did counter$v9999 change?")));
+        EXPECT_EQ(find<QListView>(u"Answers")->model()->rowCount(), 1);
+        EXPECT_GT(desk.code.lineMarks.size(), 10'000U);
+    }());
+}
+
+TEST(FieldBoxes, OverlapWhereSpritesTouch)
+{
+    const std::string ball = "ball";
+    const std::string left = "left";
+    struct Case {
+        double x;
+        double y;
+        bool touches;
+    };
+    for (const Case& each : {Case{0, 0, true}, Case{5.99, 0, true}, Case{6.001, 0, false},
+                             Case{5.99, -5.99, true}, Case{0, 6.01, false}, Case{-5.5, 20, false}}) {
+        RunState run;
+        for (const auto& [x, y] : {std::pair(0.0, 0.0), std::pair(each.x, each.y), std::pair(200.0, 0.0)}) {
+            ZBSprite sprite;
+            sprite.className = &ball;
+            sprite.x = x;
+            sprite.y = y;
+            run.sprites.push_back(sprite);
+        }
+        run.sprites[1].tag = ZBLValueExp::text(&left);
+        run.spriteCount = 3;
+        const std::vector<FieldBox> boxes = fieldBoxes(run);
+        ASSERT_EQ(boxes.size(), 2U) << "the third is far away";
+        EXPECT_EQ(boxes[0].place.intersects(boxes[1].place), each.touches) << each.x << ", " << each.y;
+        EXPECT_EQ(boxes[0].touches, each.touches);
+        EXPECT_EQ(boxes[1].touches, each.touches);
+        EXPECT_EQ(boxes[0].place.center(), QPointF(240, 240));
+        EXPECT_EQ(boxes[0].name, QStringLiteral("ball"));
+        EXPECT_EQ(boxes[1].name, QStringLiteral("ball \"left\""));
+        run.sprites[1].hidden = true;
+        EXPECT_EQ(fieldBoxes(run).size(), 1U);
+    }
 }
 
 } // namespace

@@ -60,7 +60,7 @@ class RewindingGenerated : public testing::TestWithParam<std::uint64_t>
 TEST_P(RewindingGenerated, EveryMomentComesBack)
 {
     BundledGame game("00000001", GeneratedProgram(GetParam()).text());
-    expectAllComesBack(game, GetParam(), 300, false);
+    expectAllComesBack(game, GetParam(), 100, false);
 }
 
 TEST_P(RewindingGenerated, EveryFrameOfLongPlaysComesBack)
