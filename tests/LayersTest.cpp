@@ -40,9 +40,13 @@ TEST(Layers, AFileIncludesItsOwnLayerAndThoseBelow)
 {
     // From the ground up; what is named beside a layer may be used by it as well.
     const std::vector<std::vector<std::string>> layers = {
-        {"platform"}, {"games", "language"},
-        {"runtime"},  {"headless"}, {"recording"},
-        {"forms"},    {"play", "sprites", "editor", "library", "mapeditor"},
+        {"platform"},
+        {"games", "language"},
+        {"runtime"},
+        {"headless"},
+        {"recording"},
+        {"forms"},
+        {"play", "sprites", "editor", "library", "mapeditor"},
         {"app"}};
     const fs::path sources = fs::path(ZB_SOURCE_DIR) / "src";
     std::size_t seen = 0;
