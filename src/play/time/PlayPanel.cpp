@@ -371,7 +371,7 @@ void PlayPanel::RemovePlay_Click()
 void PlayPanel::OpenPlay_Click()
 {
     if (chosen() && !m_work.isActive())
-        open(chosen()->file, 0);
+        open(std::string(chosen()->file), 0); // a copy: the list is read anew
 }
 
 void PlayPanel::open(const std::string& file, std::int64_t frame)
