@@ -166,16 +166,11 @@ bool Replay::seek(Moment moment)
     if (moment.frame > frames || (moment.frame == frames && moment.statement != noStatement))
         moment = std::min(moment, last());
     if (m_isValid && m_version == m_recording.version() && m_moment == moment &&
-        m_context.inFrame() == (moment.statement != noStatement) && !m_keepsLines &&
+        m_context.inFrame() == (moment.statement != noStatement) &&
         state().tick == moment.frame + (m_context.inFrame() ? 1 : 0))
         return true;
     playTo(moment);
     return true;
-}
-
-bool Replay::seek(std::int64_t frame, InputTime time)
-{
-    return seek({frame, countStatements(frame, time)});
 }
 
 bool Replay::stepForward()

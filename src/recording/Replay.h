@@ -28,8 +28,6 @@ public:
 
     /// Goes to a moment, or to the last one there is before it. False where there is no run.
     bool seek(Moment moment);
-    /// The statement that waits at `time`, which lies in the frame behind `frame` whole ones.
-    bool seek(std::int64_t frame, InputTime time);
     Moment moment() const { return m_moment; }
     /// The last moment that the recording has: of a broken run the statement that made the mistake, of one
     /// that waits the statement that does.
@@ -45,7 +43,6 @@ public:
     /// The line of the statement that is about to run; 0 between frames.
     int line() const;
     std::vector<std::string> variables() const { return m_context.DumpVariablesInto(); }
-    std::string_view sourceLine(int line) const { return m_context.getLine(line); }
     /// What the game window showed at this moment.
     const Surface& picture();
     struct History {

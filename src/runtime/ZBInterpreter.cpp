@@ -116,7 +116,7 @@ void ZBInterpreter::writeBanner()
     m_ports.spy.selectLastLine();
 }
 
-bool ZBInterpreter::goOnFrom(const RunState& state, std::shared_ptr<RunFiles> files, bool paused)
+bool ZBInterpreter::pauseAt(const RunState& state, std::shared_ptr<RunFiles> files)
 {
     const bool isOver = m_control == Control::Stopped;
     if (m_control == Control::Starting || m_control == Control::Stopping || (isOver && m_context.inFrame()))
@@ -136,11 +136,7 @@ bool ZBInterpreter::goOnFrom(const RunState& state, std::shared_ptr<RunFiles> fi
         showGame();
         m_ports.screen.enableTimer(true);
     }
-    if (paused) {
-        PauseGame();
-    } else {
-        ResumeGame();
-    }
+    PauseGame();
     return true;
 }
 

@@ -42,10 +42,10 @@ public:
     void StepOnce();
     void StopGame();
     void RestoreEditorButtons();
-    /// Goes on from a state of a run that has read these files, in the place of the run that is on or, where
-    /// none is, in a new window. `paused`: its statements wait. False where that cannot be done now: a run is
-    /// being started or stopped, or there is something to tell.
-    [[nodiscard]] bool goOnFrom(const RunState& state, std::shared_ptr<RunFiles> files, bool paused);
+    /// Puts back a state of a run that has read these files, paused, in the place of the run that is on or,
+    /// where none is, in a new window. False where that cannot be done now: a run is being started or
+    /// stopped, or there is something to tell.
+    [[nodiscard]] bool pauseAt(const RunState& state, std::shared_ptr<RunFiles> files);
     /// The lines with which the history of a run of that game begins.
     static std::vector<std::string> banner(const GameRecord& game);
     /// Ends the run at once, whatever it is doing. The windows that it was shown in are about to go.

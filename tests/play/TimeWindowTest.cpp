@@ -6,6 +6,7 @@
 #include "play/time/FieldBoxes.h"
 #include "support/Workshop.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
 #include <QSlider>
@@ -79,6 +80,12 @@ TEST_F(TimeTravel, GoesBackAndForthWhileTheRunWaits)
 
         press(u"FrameBack");
         EXPECT_EQ(counter(), QStringLiteral("4"));
+        // What has changed since the last moment is set off, also once all of the history has come.
+        co_await until([this] { return !find<QTimer>(u"RefreshTimer")->isActive(); });
+        editor->findChild<QCheckBox*>(QStringLiteral("OptionShowMap"))->toggle();
+        const QModelIndex first = find<QListView>(u"Variables")->model()->index(0, 0);
+        EXPECT_TRUE(first.data(Qt::FontRole).value<QFont>().bold());
+        EXPECT_FALSE(first.siblingAtRow(1).data(Qt::FontRole).value<QFont>().bold());
         press(u"FrameForward");
         press(u"FrameForward");
         EXPECT_EQ(counter(), QStringLiteral("6"));

@@ -36,7 +36,8 @@ void PinWatch::begin(const std::string& program)
     std::vector<PlayKeeper::Entry> pinned = m_keeper.list();
     std::erase_if(pinned, [](const PlayKeeper::Entry& entry) { return !entry.isPinned; });
     Sum watched;
-    watched.add(programSum(LineArray(program)));
+    if (!pinned.empty())
+        watched.add(programSum(LineArray(program)));
     for (const PlayKeeper::Entry& entry : pinned)
         watched.add(entry.file);
     if (watched.value() == m_watched)

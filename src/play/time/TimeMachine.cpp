@@ -163,7 +163,11 @@ void TimeMachine::show(bool resting)
     page.state = past.state().state;
     page.subState = past.state().subState();
     page.variables = past.variables();
-    page.variablesBefore = std::exchange(m_variables, page.variables);
+    if (m_variablesAt != past.moment()) {
+        m_variablesAt = past.moment();
+        m_variablesBefore = std::exchange(m_variables, page.variables);
+    }
+    page.variablesBefore = m_variablesBefore;
     m_windows.spy.showPast(page);
     m_windows.code.showMomentAt(m_linesFit ? past.line() : 0);
     if (resting)
@@ -175,11 +179,8 @@ void TimeMachine::show(bool resting)
 
 void TimeMachine::refresh()
 {
-    if (!m_isInPast)
-        return;
-    std::vector<std::string> before = m_variables;
-    show(true);
-    m_variables = std::move(before);
+    if (m_isInPast)
+        show(true);
 }
 
 void TimeMachine::setShowMap(bool on)
@@ -360,24 +361,23 @@ void TimeMachine::forget()
     m_linesFit = true;
     m_replay.reset();
     m_index.reset();
+    m_known = {};
     m_indexing.stop();
     m_variables.clear();
+    m_variablesAt = {-1, 0};
     Q_EMIT forgotten();
     leave();
 }
 
 bool TimeMachine::goOnFromHere(bool paused)
 {
-    if (!m_isInPast || m_windows.game.isTelling())
+    if (!m_isInPast || m_other || m_windows.game.isTelling())
         return false;
     RunState state = replay().state();
     state.inputs.clear(); // those of the old ending
-    const bool wasOn = isOn();
-    const std::vector<int> held = wasOn ? m_interpreter.context().keysDown() : std::vector<int>();
-    if (m_other)
-        return false;
+    const std::vector<int> held = isOn() ? m_interpreter.context().keysDown() : std::vector<int>();
     auto oldEnding = m_recording.copy();
-    if (!m_interpreter.goOnFrom(state, m_recording.files(), true))
+    if (!m_interpreter.pauseAt(state, m_recording.files()))
         return false;
     m_oldEnding = std::move(oldEnding);
     ZBContext& context = m_interpreter.context();
@@ -392,6 +392,7 @@ bool TimeMachine::goOnFromHere(bool paused)
         }
     m_replay.reset();
     m_index.reset();
+    m_known = {};
     Q_EMIT indexed(); // nothing is known of what comes now
     leave();
     m_windows.spy.setVariables(context.DumpVariablesInto());
@@ -421,6 +422,7 @@ void TimeMachine::showOther(std::shared_ptr<const Recording> other)
     const auto before = std::exchange(m_other, std::move(other)); // until nobody shows it any more
     m_replay.reset();
     m_index.reset();
+    m_known = {};
     countLines();
     Q_EMIT runShown();
     startIndexing();

@@ -149,8 +149,10 @@ private:
     bool m_isInPast = false;
     bool m_showsMap = false;
     bool m_showsBoxes = false;
-    std::vector<std::string> m_variables; ///< those that were shown last
-    QTimer m_rest;                        ///< after which all of the history is shown
+    std::vector<std::string> m_variables;       ///< those that are shown
+    std::vector<std::string> m_variablesBefore; ///< at the moment that was shown before
+    Moment m_variablesAt{-1, 0};                ///< the moment that they are of
+    QTimer m_rest;                              ///< after which all of the history is shown
     std::unique_ptr<RunIndex> m_index;
     QTimer m_indexing;
     Extent m_known; ///< what the index is of

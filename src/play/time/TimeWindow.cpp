@@ -433,6 +433,8 @@ void TimeWindow::refreshStrip()
     m_strippedVersion = run ? run->version() : 0;
     m_strippedFrames = run ? run->frames() : -1;
     m_strip->show(run, run ? &m_machine.pictures() : nullptr);
+    if (isOther)
+        m_programKeys = run ? keysOfProgram(*run->beginning().lines) : std::vector<int>();
 }
 
 /// The run has gone on, or another one has begun.
@@ -492,7 +494,7 @@ void TimeWindow::refresh()
     refreshStrip();
     if (isEmpty)
         return;
-    m_keys->show(keysOfProgram(*m_machine.recording().beginning().lines), m_machine.keysDown());
+    m_keys->show(m_programKeys, m_machine.keysDown());
     m_keys->setEnabled(m_machine.isInPast() || m_machine.isOn());
     m_questions->follow();
 }

@@ -107,6 +107,7 @@ private:
     double m_part = 0;   ///< of a frame that is still to be played
     int m_wheel = 0;     ///< what the wheel has turned of its next notch
     std::int64_t m_shownFrames = -1;
+    std::vector<int> m_programKeys; ///< that the program asks for by name
     // What the strip shows.
     const Recording* m_strippedRun = nullptr;
     std::uint64_t m_strippedVersion = 0;
