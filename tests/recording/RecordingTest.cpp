@@ -49,6 +49,22 @@ TEST_P(Rewinding, EveryFrameOfLongPlaysComesBack)
         expectAllComesBack(game, seed, 5000, true);
 }
 
+TEST(Keyframes, MakeNoDifferenceHoweverManyAreKept)
+{
+    BundledGame game("00000001");
+    constexpr std::size_t cap = 60'000; // three of them
+    Play every(game.installation, game.pictures, game.module);
+    every.recording.keepEveryFrame();
+    Play few(game.installation, game.pictures, game.module, false, cap);
+    for (Play* play : {&every, &few}) {
+        play->play(game.text, 1500, 4);
+        play->expectAllAgain(4);
+    }
+    EXPECT_EQ(every.recording.keyframes().size(), 1501U);
+    EXPECT_LE(few.recording.bytes(), cap);
+    EXPECT_LT(few.recording.keyframes().size(), 4U);
+}
+
 INSTANTIATE_TEST_SUITE_P(Games, Rewinding,
                          testing::Values("00000001", "00000002", "00000003", "00000004", "00000005",
                                          "00000006"));

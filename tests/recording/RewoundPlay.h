@@ -55,9 +55,11 @@ inline std::uint64_t sumOf(const std::vector<std::string>& lines)
 class Play
 {
 public:
-    Play(const FileSource& files, PictureReader& pictures, ZB& module, bool seesAll = false)
+    Play(const FileSource& files, PictureReader& pictures, ZB& module, bool seesAll = false,
+         std::size_t cap = Recording::usualCap)
         : m_pictures(pictures)
         , m_seesAll(seesAll)
+        , recording(cap)
         , player(module, files, pictures, [this](std::string_view line) { lines.emplace_back(line); })
     {
         player.interpreter().setListener(&recording);
